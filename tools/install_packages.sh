@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that building, testing and running need and that are missing here.
+set -euo pipefail
+
+packages=(
+  build-essential cmake ninja-build ccache python3
+  qt6-base-dev libqt6svg6-dev libgl1-mesa-dev
+  libsqlite3-dev libfmt-dev nlohmann-json3-dev libcli11-dev
+  libgtest-dev libbenchmark-dev
+  ngspice clang-format
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  state=$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null || true)
+  [ "$state" = "install ok installed" ] || missing+=("$package")
+done
+[ "${#missing[@]}" -eq 0 ] && exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
