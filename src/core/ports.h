@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Everything outside the process that logic needs, as interfaces. Qt implementations stand in the
+// platform and screens layers; plain ones for tests and headless runs stand in core/plain_ports.h.
+
+namespace vantrel {
+
+/// Per-user settings: sections of named texts.
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  /// The stored text, or `fallback` when the key was never written.
+  virtual std::string get(std::string_view section, std::string_view key,
+                          std::string_view fallback) = 0;
+  virtual void save(std::string_view section, std::string_view key, std::string_view value) = 0;
+};
+
+/// Monotonic time.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  /// Seconds since an arbitrary start.
+  virtual double seconds() const = 0;
+};
+
+/// One repeating timer.
+class Timer {
+ public:
+  virtual ~Timer() = default;
+  /// Calls `tick` every `interval_ms` until `stop`. A running timer is started anew.
+  virtual void start(int interval_ms, std::function<void()> tick) = 0;
+  virtual void stop() = 0;
+  virtual bool running() const = 0;
+};
+
+/// Plays a wave file without waiting; a missing file or device is silence.
+class SoundPlayer {
+ public:
+  virtual ~SoundPlayer() = default;
+  virtual void play(const std::string& path) = 0;
+};
+
+/// Asks the user for a file. The filter is a list of pairs "Words|pattern|Words|pattern". Nothing
+/// when the user has cancelled.
+class FileDialogs {
+ public:
+  virtual ~FileDialogs() = default;
+  /// `proposed` is the path that the dialog starts with; may be empty.
+  virtual std::optional<std::string> askSave(std::string_view title, std::string_view filter,
+                                             std::string_view proposed) = 0;
+  virtual std::optional<std::string> askOpen(std::string_view title, std::string_view filter,
+                                             std::string_view proposed) = 0;
+};
+
+/// Lets queued screen events run inside a long calculation.
+class EventPump {
+ public:
+  virtual ~EventPump() = default;
+  virtual void yield() = 0;
+};
+
+}  // namespace vantrel
