@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/run_state.h"
+#include "core/screen.h"
+
+namespace vantrel {
+
+/// What the design screen asks about the present selection.
+struct AdvancedSelection {
+  /// Name of the item selected in a slot (0 IC, 1 INPUT, 2 LAMP, 3 CONFIG), empty without one.
+  std::function<std::string(int slot)> itemName;
+  /// Heating of the selected lamp configuration: "Current Mode", "Voltage Mode" or another text.
+  std::function<std::string()> heatingMode;
+};
+
+/// A strip of tabs, each of which shows some frames.
+struct TabStrip {
+  struct Tab {
+    std::string caption;
+    bool enabled = true;  ///< A tab without any frame in the layout is disabled.
+  };
+  std::string name;
+  std::vector<Tab> tabs;
+  int selected = 0;
+};
+
+inline constexpr std::string_view kCurrentMode = "Current Mode";
+inline constexpr std::string_view kVoltageMode = "Voltage Mode";
+
+/// The advanced design screen: it owns every field of the operating points, whether it is on show
+/// or not.
+class Advanced : public Screen {
+ public:
+  Advanced(FieldContext& context, const RunState& state, AdvancedSelection selection);
+
+  /// Empties the results; ticked values, inputs and hidden fields stay.
+  void Reset();
+  /// In a voltage-mode configuration copies the one bus voltage into the five that formulas read.
+  void prepare_calculation_data();
+  /// Shows what the selected IC, line input and configuration need. Frames that it leaves out stay
+  /// hidden whatever the tabs say.
+  void set_layout();
+  /// Shows the frames of the active tabs and writes the information lines.
+  void set_frames_from_tabstrips();
+  /// Brings up the input tab that holds the values of a selection slot.
+  void show_tabstrip_for_selection(int slot);
+  /// The screen's title, with the selected line of the history behind it once there is a
+  /// calculation.
+  void SetCaption();
+  /// Writes the brightness percentages into the labels of the fields they belong to.
+  void relabel_brightness();
+
+  /// True when the frame belongs to the present layout, be its tab active or not.
+  bool isFrameInLayout(std::string_view frame) const;
+  /// "Current Mode", "Voltage Mode" or another text; see AdvancedSelection.
+  std::string heatingMode() const { return selection_.heatingMode(); }
+  /// True when a yes/no field says "yes" in any case.
+  bool says_yes(std::string_view field_name);
+  std::int32_t target() const { return state_.CurrentTarget; }
+  std::int32_t config() const { return state_.CurrentConfig; }
+
+  TabStrip input_tabstrip;
+  TabStrip output_tabstrip;
+  /// Number of the last calculation, 0 before the first. Never reused.
+  std::int32_t CalculationNumber = 0;
+
+ private:
+  bool isOnActiveTab(bool input, int tab) const;
+  void settleTabs(TabStrip& strip, bool input);
+  void relabel(std::string_view source, const Variant& value);
+
+  const RunState& state_;
+  AdvancedSelection selection_;
+  std::map<std::string, bool, std::less<>> in_layout_;
+};
+
+}  // namespace vantrel
