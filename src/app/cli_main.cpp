@@ -1,0 +1,63 @@
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "app/cli_commands.h"
+#include "app/cli_session.h"
+#include "app/exit_status.h"
+#include "app/version.h"
+
+namespace {
+
+using namespace vantrel;
+
+int run(int argc, char** argv) {
+  CLI::App program{"Design assistant for electronic lamp ballasts and electronic transformers",
+                   "vantrel-cli"};
+  program.set_version_flag("--version", std::string(kProgramVersion));
+  program.require_subcommand(1);
+
+  CliPlaces places;
+  program.add_option("--home", places.home, "The program's folder (Data, Graphics, Export)");
+  program.add_option("--settings", places.settings, "File of the user's settings");
+
+  SelectionOptions selection;
+  std::string slot;
+  std::string script;
+
+  CLI::App* design = program.add_subcommand("design", "Design a ballast and print the result");
+  add_selection_options(*design, selection);
+  add_field_options(*design, selection);
+
+  CLI::App* list = program.add_subcommand("list", "List what the selection allows");
+  list->add_option("slot", slot, "What to list")
+      ->required()
+      ->check(CLI::IsMember({"ic", "input", "lamp", "config"}));
+  add_selection_options(*list, selection);
+
+  CLI::App* automation =
+      program.add_subcommand("script", "Answer one JSON command per line with one JSON line");
+  automation->add_option("file", script, "File with commands instead of the standard input");
+
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? kExitDone : kExitWrongUse;
+  }
+
+  const auto session = CliSession::start(places, std::cerr);
+  if (session == nullptr) return kExitBadInput;
+  if (design->parsed()) return run_design(*session, selection, std::cout, std::cerr);
+  if (list->parsed()) return run_list(*session, slot, selection, std::cout, std::cerr);
+  return run_script(*session, script, std::cin, std::cout, std::cerr);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "vantrel-cli: " << error.what() << '\n';
+    return vantrel::kExitBadInput;
+  }
+}

@@ -1,0 +1,181 @@
+#include "app/session.h"
+
+#include "app/upgrade_import.h"
+#include "core/fault.h"
+#include "core/text_parsing.h"
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::string_view kDatabasePath = "\\Data\\VTL.mdb";
+constexpr std::string_view kInitialisationTitle = "Vantrel initialisation error";
+
+struct DefaultSelection {
+  int slot;
+  const char* name;
+};
+
+constexpr std::array<DefaultSelection, kSlotCount> kDefaultSelections{{
+    {kSlotIc, "TV6103"},
+    {kSlotInput, "90 to 265VAC/500VDC"},
+    {kSlotLamp, "T5 28W"},
+    {kSlotConfig, "Single lamp/current-mode heating"},
+}};
+
+enum Stage { kStageChecks = 12, kStageSounds = 13, kStageShow = 14 };
+
+}  // namespace
+
+Session::Session(ProgramFolder folder, SessionPorts ports, std::string_view program_version)
+    : folder_(std::move(folder)),
+      ports_(std::move(ports)),
+      program_version_(program_version),
+      click_sound_(state_, ports_.clock, ports_.sound, folder_, [] { return false; }),
+      field_context_{
+          .messages = messages_,
+          .decimalSeparator = '.',
+          .playClickSound = [this] { click_sound_.PlayClickSound(); },
+          .addMissingField = [this](VTLValue& field,
+                                    const std::string& text) { missing_fields_.Add(field, text); }},
+      database_(messages_),
+      details_(database_, messages_, state_),
+      missing_fields_(messages_),
+      advanced_(field_context_, state_,
+                {.itemName = [this](int slot) { return selectionName(slot); },
+                 .heatingMode = [this] { return details_.ConfigDetails(kConfigHeating); }}),
+      item_data_(database_, messages_, details_, advanced_,
+                 [this](const std::string& line) { log_.write(line); }),
+      input_loader_(database_, messages_, details_, state_, screens_, missing_fields_,
+                    [this](const std::string& line) { log_.write(line); }),
+      browser_(database_, messages_, state_, item_data_, advanced_, barPointers(),
+               selectionHooks()),
+      targets_(messages_, state_),
+      operating_points_(advanced_, targets_, missing_fields_, messages_, operatingPointsHooks()),
+      please_wait_(messages_, ports_.clock, ports_.pump, ports_.makeTimer()),
+      progress_(ports_.makeTimer(), {}) {
+  screens_.add(advanced_);
+  browser_.itemSelected.connect([this](int slot) { advanced_.show_tabstrip_for_selection(slot); });
+}
+
+Session::~Session() { EndSession(); }
+
+std::array<control_bar*, Session::kBarCount> Session::barPointers() {
+  std::array<control_bar*, kBarCount> pointers{};
+  for (std::size_t i = 0; i < kBarCount; ++i) pointers[i] = &bars_[i];
+  return pointers;
+}
+
+SelectionHooks Session::selectionHooks() {
+  SelectionHooks hooks;
+  hooks.setFramesFromTabstrips = [this] { advanced_.set_frames_from_tabstrips(); };
+  hooks.resetAdvanced = [this] { advanced_.Reset(); };
+  hooks.setAdvancedLayout = [this] { advanced_.set_layout(); };
+  return hooks;
+}
+
+OperatingPointsHooks Session::operatingPointsHooks() {
+  OperatingPointsHooks hooks;
+  hooks.powerFactor = [this] { return item_data_.PfcPowerFactor(state_.CurrentConfig); };
+  hooks.addCalculationRecord = [this] { return ++advanced_.CalculationNumber; };
+  hooks.isCompletionShown = [] { return true; };
+  hooks.selectVoltageMode = [this] { return selectVoltageMode(); };
+  return hooks;
+}
+
+bool Session::selectVoltageMode() {
+  std::int32_t sibling = state_.CurrentConfig + 1;
+  return browser_.Find(sibling, kSlotConfig, "", false);
+}
+
+bool Session::select(int slot, std::int32_t id, std::string_view name) {
+  browser_.Setup(slot);
+  for (const ValidItem& item : browser_.ValidItems()) {
+    const bool wanted =
+        id >= 0 ? item.ID == id : trimmed(item.Name) == name || trimmed(item.PullDownName) == name;
+    if (wanted) return browser_.ItemSelect(false, slot, item.ID, true, false, true);
+  }
+  return false;
+}
+
+bool Session::selectByName(int slot, std::string_view name) {
+  const std::string wanted = trimmed(name);
+  return !wanted.empty() && select(slot, -1, wanted);
+}
+
+bool Session::selectById(int slot, std::int32_t id) { return id >= 0 && select(slot, id, ""); }
+
+std::string Session::selectionName(int slot) { return bars_.front().GetInfoName(slot); }
+
+std::string Session::selectionFullName(int slot) {
+  const std::int32_t id = browser_.GetInfo(slot);
+  browser_.Setup(slot);
+  for (const ValidItem& item : browser_.ValidItems()) {
+    if (item.ID == id) return item.Name;
+  }
+  return selectionName(slot);
+}
+
+void Session::setAppKeys(bool& upgraded) {
+  const std::string location = folder_.home().string();
+  if (ports_.settings.get(kSettingsSection, kAppLocationKey, "") != location) {
+    ports_.settings.save(kSettingsSection, kAppLocationKey, location);
+  }
+  const std::string last_version = ports_.settings.get(kSettingsSection, kAppVersionKey, "");
+  upgraded = !last_version.empty() && last_version != program_version_;
+  if (last_version != program_version_) {
+    ports_.settings.save(kSettingsSection, kAppVersionKey, program_version_);
+  }
+}
+
+bool Session::StartSession() {
+  bool upgraded = false;
+  setAppKeys(upgraded);
+  if (upgraded) import_user_rows(folder_, messages_);
+  const auto database_file = folder_.find(kDatabasePath);
+  if (!database_file || !database_.open_access(*database_file)) {
+    messages_.messageBox(kInitialisationTitle, "Could not open Vantrel Database");
+    return false;
+  }
+  stage_ = 0;
+  try {
+    runStages();
+  } catch (const std::exception&) {
+    messages_.messageBox(kInitialisationTitle,
+                         "Vantrel Initialisation error : Stage " + std::to_string(stage_));
+    return false;
+  }
+  return true;
+}
+
+void Session::runStages() {
+  loadWebLinks();
+  state_.SoundsReady = false;
+  for (const DefaultSelection& selection : kDefaultSelections) {
+    stage_ = selection.slot;
+    std::int32_t id = -1;
+    browser_.Find(id, selection.slot, selection.name, false);
+  }
+  stage_ = kStageChecks;
+  state_.SelectionReady = true;
+  browser_.PerformInitialisationAndChecking();
+  stage_ = kStageSounds;
+  state_.SoundsReady = true;
+  stage_ = kStageShow;
+}
+
+void Session::loadWebLinks() {
+  RecordSet rows;
+  if (!database_.read("select * from web", rows, true)) {
+    messages_.msg("", "Could not read web table");
+    return;
+  }
+  for (; adoaccess_class::RSOK(rows); rows.MoveNext()) {
+    web_links_.push_back({NullToText(adoaccess_class::rs_get(rows, "manufacturer")),
+                          NullToText(adoaccess_class::rs_get(rows, "homepage"))});
+  }
+}
+
+void Session::EndSession() { database_.close_access(); }
+
+}  // namespace vantrel

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/session.h"
+#include "core/plain_ports.h"
+#include "support/fixtures.h"
+
+namespace vantrel {
+
+/// A session on a copy of the shipped design database and settings of its own.
+class SessionBench {
+ public:
+  static constexpr const char* kVersion = "1.0.0";
+
+  SessionBench() {
+    std::filesystem::create_directories(home.path() / "Data");
+    std::filesystem::copy_file(VANTREL_DATABASE, database());
+  }
+
+  std::filesystem::path database() const { return home.path() / "Data" / "VTL.mdb"; }
+
+  /// A fresh session, not yet started.
+  Session& make(const char* version = kVersion) {
+    session = std::make_unique<Session>(
+        ProgramFolder(home.path()),
+        SessionPorts{settings, clock, sound, pump, [] { return std::make_unique<ManualTimer>(); }},
+        version);
+    return *session;
+  }
+  /// A fresh session after its start-up.
+  Session& start(const char* version = kVersion) {
+    make(version).StartSession();
+    return *session;
+  }
+
+  /// Texts of all messages so far.
+  std::vector<std::string> texts() const {
+    std::vector<std::string> list;
+    for (const Message& message : session->messages().shown()) list.push_back(message.text);
+    return list;
+  }
+
+  test::TemporaryFolder home;
+  MemorySettings settings;
+  SteadyClock clock;
+  SilentSound sound;
+  NoEvents pump;
+  std::unique_ptr<Session> session;
+};
+
+}  // namespace vantrel
