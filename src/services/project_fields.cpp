@@ -1,0 +1,91 @@
+#include "services/project_fields.h"
+
+#include <string>
+
+#include "core/fault.h"
+#include "core/number_text.h"
+#include "core/text_parsing.h"
+
+namespace vantrel {
+namespace {
+
+std::string text_of(const VTLValue& field) {
+  const Variant& value = field.value();
+  if (field.ValueType() != kNumeric) return value.is_null() ? "" : to_text(value);
+  try {
+    return number_text(to_single(value));
+  } catch (const Fault&) {
+    // Larger than a single can be: the number itself still fits and reads back.
+    return to_text(value);
+  }
+}
+
+void set_unrounded(VTLValue& field, const std::string& text) {
+  const std::string places = field.ValueRoundDecPlaces();
+  field.ValueRoundDecPlaces("");
+  field.SetValue(text);
+  field.ValueRoundDecPlaces(places);
+}
+
+bool apply_value(const DesignScreens& screens, const ValueRecord& record) {
+  VTLValue* const field =
+      screens[record.screen]->findField(record.name, record.index < 0 ? -1 : record.index);
+  if (field == nullptr) return false;
+  const bool numeric = field->ValueType() == kNumeric;
+  const std::string number = trimmed(record.text);
+  if (numeric && !number.empty() && !parse_number(number)) return false;
+  field->SetFixed(record.fixed);
+  if (numeric) {
+    set_unrounded(*field, number);
+  } else {
+    field->SetValue(record.text);
+  }
+  return true;
+}
+
+bool apply_list(const DesignScreens& screens, const ListRecord& record) {
+  PullDown* const list = screens[record.screen]->findPullDown(record.name);
+  if (list == nullptr) return false;
+  if (list->items.empty()) return true;
+  if (record.selected < -1 || record.selected >= static_cast<int>(list->items.size())) return false;
+  list->selected = record.selected;
+  return true;
+}
+
+}  // namespace
+
+std::vector<ValueRecord> collect_values(const DesignScreens& screens) {
+  std::vector<ValueRecord> records;
+  for (std::size_t i = 0; i < screens.size(); ++i) {
+    for (const auto& field : screens[i]->fields()) {
+      records.push_back({static_cast<std::uint8_t>(i), field->Name(), field->Index(),
+                         field->IsFixed(), text_of(*field)});
+    }
+  }
+  return records;
+}
+
+std::vector<ListRecord> collect_lists(const DesignScreens& screens) {
+  std::vector<ListRecord> records;
+  for (std::size_t i = 0; i < screens.size(); ++i) {
+    for (const PullDown& list : screens[i]->pullDowns()) {
+      records.push_back({static_cast<std::uint8_t>(i), list.name, -1, list.selected});
+    }
+  }
+  return records;
+}
+
+std::size_t apply_values(const DesignScreens& screens, std::span<const ValueRecord> records) {
+  std::size_t skipped = 0;
+  for (const ValueRecord& record : records) skipped += apply_value(screens, record) ? 0 : 1;
+  return skipped;
+}
+
+std::size_t apply_lists(const DesignScreens& screens, std::span<const ListRecord> records) {
+  std::size_t skipped = 0;
+  for (const ListRecord& record : records) skipped += apply_list(screens, record) ? 0 : 1;
+  for (Screen* const screen : screens) screen->notifyLayoutChanged();
+  return skipped;
+}
+
+}  // namespace vantrel
