@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build ccache python3
-  qt6-base-dev libqt6svg6-dev libgl1-mesa-dev
+  qt6-base-dev
   libsqlite3-dev libfmt-dev nlohmann-json3-dev libcli11-dev
   libgtest-dev libbenchmark-dev
   ngspice clang-format clang
