@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "core/ports.h"
 
@@ -90,6 +91,18 @@ class ImmediateTimer : public Timer {
 class SilentSound : public SoundPlayer {
  public:
   void play(const std::string& /*path*/) override {}
+};
+
+/// Opens nothing and keeps what it was asked for.
+class RecordingShell : public ShellOpen {
+ public:
+  bool open(const std::string& address) override {
+    opened.push_back(address);
+    return succeeds;
+  }
+
+  std::vector<std::string> opened;
+  bool succeeds = true;  ///< What `open` answers.
 };
 
 /// Has no events to let in.

@@ -57,6 +57,15 @@ class FileDialogs {
                                              std::string_view proposed) = 0;
 };
 
+/// The desktop's opener of web pages and documents.
+class ShellOpen {
+ public:
+  virtual ~ShellOpen() = default;
+  /// Opens a web address or a local file in the program that the desktop has for it; false when it
+  /// cannot. Callers hand over only http and https addresses and files that exist.
+  virtual bool open(const std::string& address) = 0;
+};
+
 /// Lets queued screen events run inside a long calculation.
 class EventPump {
  public:

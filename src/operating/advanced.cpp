@@ -57,6 +57,10 @@ constexpr SelectionLine kSelectionLines[] = {
     {"OutputInfo1", kSlotConfig, "Lamp Configuration : ", "No Lamp Configuration Selected"},
 };
 
+void start(const std::function<void()>& command) {
+  if (command) command();
+}
+
 }  // namespace
 
 Advanced::Advanced(FieldContext& context, const RunState& state, AdvancedSelection selection)
@@ -75,7 +79,9 @@ Advanced::Advanced(FieldContext& context, const RunState& state, AdvancedSelecti
   int index = 0;
   for (const char* caption : kCommands) addButton("command_button", caption, index++);
   for (const char* source : {"max", "min"}) {
-    field(source).changed.connect([this, source](Variant& value) { relabel(source, value); });
+    field(source).changed.connect([this, source](Variant& value) {
+      if (handles_changes_) relabel(source, value);
+    });
   }
 }
 
@@ -147,6 +153,24 @@ void Advanced::SetCaption() {
   }
   caption(text);
 }
+
+void Advanced::command_button_Click(int index, bool focus_tabs) {
+  const CommandButton* button = index < 0 ? nullptr : findButton("command_button", index);
+  if (button == nullptr || !button->enabled) return;
+  if (commands_.isBusy && commands_.isBusy()) return;
+  if (focus_tabs) start(commands_.focusInputTabs);
+  const std::function<void()>* const by_index[] = {
+      &commands_.Calculate, &commands_.DrawGraph, &commands_.designInductors,
+      &commands_.designTransformer, &commands_.calculateComponents};
+  start(*by_index[index]);
+}
+
+void Advanced::ShowSimpleScreen() {
+  start(commands_.showSimple);
+  visible(false);
+}
+
+void Advanced::PrintScreen() { start(commands_.PrintScreen); }
 
 void Advanced::relabel(std::string_view source, const Variant& value) {
   const std::string percent = to_text(value);

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/run_state.h"
@@ -18,6 +19,20 @@ struct AdvancedSelection {
   std::function<std::string(int slot)> itemName;
   /// Heating of the selected lamp configuration: "Current Mode", "Voltage Mode" or another text.
   std::function<std::string()> heatingMode;
+};
+
+/// What the commands of the design screen start. A callable may be empty and then does nothing.
+struct AdvancedCommands {
+  std::function<void()> Calculate;          ///< The operating points, with results shown.
+  std::function<void()> DrawGraph;          ///< The operating points graph.
+  std::function<void()> designInductors;    ///< `Calculate` of the inductor designer.
+  std::function<void()> designTransformer;  ///< `Calculate` of the transformer designer.
+  /// `CalculateComponents` on a calculator made for this one run.
+  std::function<void()> calculateComponents;
+  std::function<void()> focusInputTabs;  ///< Moves the input focus to `input_tabstrip`.
+  std::function<void()> showSimple;      ///< Shows `Simple`.
+  std::function<void()> PrintScreen;
+  std::function<bool()> isBusy;  ///< While true, no command is taken.
 };
 
 /// A strip of tabs, each of which shows some frames.
@@ -57,6 +72,20 @@ class Advanced : public Screen {
   /// Writes the brightness percentages into the labels of the fields they belong to.
   void relabel_brightness();
 
+  /// Switches the handling of changed fields off and on again, for loads that restore a whole
+  /// design; `relabel_brightness` then makes up for what was missed.
+  void handleChanges(bool on) { handles_changes_ = on; }
+
+  /// Sets what the commands start; until then they do nothing.
+  void setCommands(AdvancedCommands commands) { commands_ = std::move(commands); }
+  /// Runs a command button: 0 calculates, 1 draws the graph, 2 and 3 design inductors and
+  /// transformer, 4 calculates components. With `focus_tabs` the input focus moves to the tabs
+  /// first. A disabled button and any other index are ignored.
+  void command_button_Click(int index, bool focus_tabs = false);
+  /// Shows `Simple` and hides this screen.
+  void ShowSimpleScreen();
+  void PrintScreen();
+
   /// True when the frame belongs to the present layout, be its tab active or not.
   bool isFrameInLayout(std::string_view frame) const;
   /// "Current Mode", "Voltage Mode" or another text; see AdvancedSelection.
@@ -78,6 +107,8 @@ class Advanced : public Screen {
 
   const RunState& state_;
   AdvancedSelection selection_;
+  AdvancedCommands commands_;
+  bool handles_changes_ = true;
   std::map<std::string, bool, std::less<>> in_layout_;
 };
 

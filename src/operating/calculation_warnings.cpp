@@ -89,9 +89,8 @@ constexpr WarningRow kWarnings[] = {
               exceeds_preheat_limit(c.block.VPreheatMax, c.block.VPreheat);
      },
      [](const WarningCase&) -> std::string {
-       return "The preheat voltage is significantly higher than the Maximum preheat voltage for "
-              "the "
-              "selected lamp";
+       return "The preheat voltage is significantly higher than the Maximum preheat voltage "
+              "for the selected lamp";
      }},
     {[](const WarningCase& c) { return c.block.FRun < c.block.FBallast; },
      [](const WarningCase&) -> std::string {

@@ -158,12 +158,11 @@ bool OperatingPoints::readFixed(const char* field, char quantity, double divisor
 bool OperatingPoints::raiseBus() {
   if (advanced_.says_yes("line_input_pfc")) return false;
   bus_raised_ = true;
-  if (!(block_.VBus < kHighestRaisedBus)) return false;
-  const auto raised =
+  // A negative bus is a slip of the keyboard; climbing from there in steps of 10 V could take
+  // hours.
+  if (!(block_.VBus < kHighestRaisedBus) || block_.VBus < 0) return false;
+  block_.VBus =
       static_cast<float>((std::floor(static_cast<double>(block_.VBus) / 10.0) + 1.0) * 10.0);
-  // A hugely negative bus would stay where it is for ever.
-  if (!(raised > block_.VBus)) return false;
-  block_.VBus = raised;
   return true;
 }
 
@@ -181,7 +180,11 @@ bool OperatingPoints::lowerPreheatCurrent(const PossibleResult& candidate,
   if (settings.currentMode || !target_traits(settings.target).preheats) return false;
   if (!exceeds_preheat_limit(block_.VPreheatMax, candidate.VPreheat)) return false;
   if (!(kLowestPreheatCurrent < block_.IPreheat)) return false;
-  block_.IPreheat = static_cast<float>(static_cast<double>(block_.IPreheat) - kPreheatCurrentStep);
+  const auto lowered =
+      static_cast<float>(static_cast<double>(block_.IPreheat) - kPreheatCurrentStep);
+  // From half a million amperes on the step is lost in 32 bits, and the retries would never end.
+  if (!(lowered < block_.IPreheat)) return false;
+  block_.IPreheat = lowered;
   return true;
 }
 

@@ -63,8 +63,9 @@ void limits(const PfcInputs& in, PfcResults& out) {
 
 using PfcFormula = void (*)(const PfcInputs&, PfcResults&);
 
-/// Runs a formula under the floating-point trap.
-void trapped(PfcFormula formula, const PfcInputs& in, PfcResults& out) {
+/// Runs a formula under the floating-point trap. Never merged with its caller, so that the formula
+/// stays an unknown one whose arithmetic cannot move past the flag reads.
+[[gnu::noinline]] void trapped(PfcFormula formula, const PfcInputs& in, PfcResults& out) {
   const FpTrap trap;
   formula(in, out);
   if (trap.tripped()) throw Fault(fault_text::kOverflow);
