@@ -44,7 +44,7 @@ bool apply_value(const DesignScreens& screens, const ValueRecord& record) {
 }
 
 bool apply_list(const DesignScreens& screens, const ListRecord& record) {
-  PullDown* const list = screens[record.screen]->findPullDown(record.name);
+  PullDown* const list = screens[record.screen]->findPullDown(record.name, record.index);
   if (list == nullptr) return false;
   if (list->items.empty()) return true;
   if (record.selected < -1 || record.selected >= static_cast<int>(list->items.size())) return false;
@@ -69,7 +69,7 @@ std::vector<ListRecord> collect_lists(const DesignScreens& screens) {
   std::vector<ListRecord> records;
   for (std::size_t i = 0; i < screens.size(); ++i) {
     for (const PullDown& list : screens[i]->pullDowns()) {
-      records.push_back({static_cast<std::uint8_t>(i), list.name, -1, list.selected});
+      records.push_back({static_cast<std::uint8_t>(i), list.name, list.index, list.selected});
     }
   }
   return records;
