@@ -31,9 +31,15 @@ bool apply_value(const DesignScreens& screens, const ValueRecord& record) {
   VTLValue* const field =
       screens[record.screen]->findField(record.name, record.index < 0 ? -1 : record.index);
   if (field == nullptr) return false;
-  const bool numeric = field->ValueType() == kNumeric;
   const std::string number = trimmed(record.text);
-  if (numeric && !number.empty() && !parse_number(number)) return false;
+  bool numeric = field->ValueType() == kNumeric;
+  if (numeric && !number.empty() && !parse_number(number)) {
+    // Only a result can be a number in one design and a text in another, such as a part's name.
+    if (field->StyleType() == kInput) return false;
+    field->StyleType(kLocked);
+    field->ValueType(kTextual);
+    numeric = false;
+  }
   field->SetFixed(record.fixed);
   if (numeric) {
     set_unrounded(*field, number);
@@ -46,8 +52,8 @@ bool apply_value(const DesignScreens& screens, const ValueRecord& record) {
 bool apply_list(const DesignScreens& screens, const ListRecord& record) {
   PullDown* const list = screens[record.screen]->findPullDown(record.name, record.index);
   if (list == nullptr) return false;
-  if (list->items.empty()) return true;
-  if (record.selected < -1 || record.selected >= static_cast<int>(list->items.size())) return false;
+  if (record.selected < -1) return false;
+  if (!list->items.empty() && record.selected >= static_cast<int>(list->items.size())) return false;
   list->selected = record.selected;
   return true;
 }
