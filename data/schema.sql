@@ -192,6 +192,27 @@ CREATE TABLE [CC:Calculations] (
   [Flags] INTEGER
 );
 
+-- Curves of the function "interpolatevalue". A rule names the two parts behind "Lookup:".
+CREATE TABLE [Lookup:Block:Current] (
+  [Index] REAL NOT NULL,                -- lamp current, A rms
+  [value] REAL NOT NULL                 -- blocking capacitor, nF
+);
+
+CREATE TABLE [Lookup:Choke:Power] (
+  [Index] REAL NOT NULL,                -- lamp power, W
+  [value] REAL NOT NULL                 -- line volt-amperes
+);
+
+CREATE TABLE [Lookup:Scale:Unity] (
+  [Index] REAL NOT NULL,                -- any number
+  [value] REAL NOT NULL                 -- the same number
+);
+
+CREATE TABLE [Lookup:Snub:Bus] (
+  [Index] REAL NOT NULL,                -- bus voltage, V
+  [value] REAL NOT NULL                 -- snubber capacitor, nF
+);
+
 -- The components of each IC, stage by stage; [Target:Info].[BOMTable] names the table.
 CREATE TABLE [TV6101 BOM] (
   [Stage] TEXT,

@@ -12,12 +12,43 @@ using Operation = Json (*)(Session&, const Json&);
 
 const std::unordered_map<std::string, Operation>& operations() {
   static const std::unordered_map<std::string, Operation> table{
-      {"select", op_select},   {"items", op_items},         {"set", op_set},
-      {"get", op_get},         {"calculate", op_calculate}, {"formula", op_formula},
-      {"convert", op_convert}, {"dump", op_dump},           {"answers", op_answers},
+      {"select", op_select},
+      {"items", op_items},
+      {"set", op_set},
+      {"get", op_get},
+      {"calculate", op_calculate},
+      {"formula", op_formula},
+      {"component", op_component},
+      {"statement", op_statement},
+      {"design_inductor", op_design_inductor},
+      {"design_transformer", op_design_transformer},
+      {"convert", op_convert},
+      {"dump", op_dump},
+      {"history", op_history},
+      {"command", op_command},
+      {"option", op_option},
+      {"save", op_save},
+      {"load", op_load},
+      {"export", op_export},
+      {"answers", op_answers},
       {"sql", op_sql},
   };
   return table;
+}
+
+/// No command needs more; the parser and what walks its result call themselves for each level.
+constexpr int kDeepestNesting = 64;
+
+/// Counts brackets, also those inside texts, so that it may refuse a strange text but never lets a
+/// deep structure through.
+bool is_nested_too_deep(std::string_view line) {
+  int depth = 0;
+  for (const char c : line) {
+    if (c == '[' || c == '{') ++depth;
+    if (c == ']' || c == '}') --depth;
+    if (depth > kDeepestNesting) return true;
+  }
+  return false;
 }
 
 Json failure(const std::string& error) { return {{"ok", false}, {"error", error}}; }
@@ -40,6 +71,30 @@ std::string text_argument(const Json& command, const char* name) {
     throw CommandError(std::string("Argument '") + name + "' is missing or no text");
   }
   return argument->get<std::string>();
+}
+
+std::int32_t number_argument(const Json& command, const char* name) {
+  const auto argument = command.find(name);
+  if (argument == command.end() || !argument->is_number_integer()) {
+    throw CommandError(std::string("Argument '") + name + "' is missing or no whole number");
+  }
+  return to_int32(from_json(*argument));
+}
+
+bool flag_argument(const Json& command, const char* name, bool fallback) {
+  const auto argument = command.find(name);
+  if (argument == command.end()) return fallback;
+  if (!argument->is_boolean()) {
+    throw CommandError(std::string("Argument '") + name + "' is neither true nor false");
+  }
+  return argument->get<bool>();
+}
+
+Variant::Array list_argument(const Json& command, const char* name) {
+  const auto argument = command.find(name);
+  if (argument == command.end()) return {};
+  if (!argument->is_array()) throw CommandError(std::string("Argument '") + name + "' is no list");
+  return from_json(*argument).get<Variant::Array>();
 }
 
 int slot_argument(const Json& command) {
@@ -77,7 +132,8 @@ Json Automation::run(const Json& command) {
 }
 
 Json Automation::runLine(std::string_view line) {
-  const Json command = Json::parse(line, nullptr, false);
+  const Json command =
+      is_nested_too_deep(line) ? Json(Json::value_t::discarded) : Json::parse(line, nullptr, false);
   if (command.is_discarded()) {
     Json reply = failure("The line is no JSON text");
     reply["messages"] = Json::array();

@@ -1,11 +1,38 @@
+#include <unordered_map>
+
 #include "app/automation_ops.h"
-#include "core/fault.h"
 
 namespace vantrel {
 
 namespace {
 
-Json candidates_json(Session& session) {
+using Calculation = bool (*)(Session&, const Json&);
+using Dump = Json (*)(Session&);
+
+const std::unordered_map<std::string, Calculation>& calculations() {
+  static const std::unordered_map<std::string, Calculation> table{
+      {"operating-points",
+       [](Session& session, const Json& command) {
+         return session.operatingPoints().Calculate(flag_argument(command, "show_results", true));
+       }},
+      {"simple",
+       [](Session& session, const Json&) {
+         return session.simple().calculate_simple(true, true, true, true);
+       }},
+      {"components",
+       [](Session& session, const Json& command) {
+         return session.calculator().CalculateComponents(flag_argument(command, "full_bom", true),
+                                                         false);
+       }},
+      {"inductor",
+       [](Session& session, const Json&) { return session.inductor().Calculate(true); }},
+      {"transformer",
+       [](Session& session, const Json&) { return session.transformer().Calculate(true); }},
+  };
+  return table;
+}
+
+Json candidates(Session& session) {
   Json rows = Json::array();
   for (const PossibleResult& result : session.operatingPoints().PossibleResults()) {
     rows.push_back({{"C", result.C},
@@ -18,44 +45,66 @@ Json candidates_json(Session& session) {
   return rows;
 }
 
+Json variables(Session& session) {
+  Json rows = Json::array();
+  for (const VariableEntry& variable : session.calculator().engine().variables().entries()) {
+    rows.push_back(variable_json(variable));
+  }
+  return rows;
+}
+
+Json bill(Session& session) { return bill_json(session.bomStore()); }
+
+Json history(Session& session) {
+  Json rows = Json::array();
+  for (const CalculationRecord& record : session.history().records()) {
+    rows.push_back(
+        {{"title", record.title}, {"description", record.description}, {"items", record.items}});
+  }
+  return rows;
+}
+
+Json log_lines(Session& session) { return session.log().lines(); }
+
+const std::unordered_map<std::string, Dump>& dumps() {
+  static const std::unordered_map<std::string, Dump> table{{"candidates", candidates},
+                                                           {"variables", variables},
+                                                           {"bom", bill},
+                                                           {"history", history},
+                                                           {"log", log_lines}};
+  return table;
+}
+
+template <typename Table>
+auto entry_of(const Table& table, const std::string& what, const char* kind) {
+  const auto entry = table.find(what);
+  if (entry == table.end()) {
+    throw CommandError(std::string(kind) + " '" + what + "' is not built");
+  }
+  return entry->second;
+}
+
 }  // namespace
 
 Json op_calculate(Session& session, const Json& command) {
-  const std::string what = text_argument(command, "what");
-  if (what == "operating-points") {
-    const bool show_results = command.value("show_results", true);
-    return {{"result", session.operatingPoints().Calculate(show_results)}};
-  }
-  throw CommandError("Calculation '" + what + "' is not built yet");
-}
-
-Json op_formula(Session& session, const Json& command) {
-  const auto target = command.find("target");
-  const Variant arguments = from_json(command.value("args", Json::array()));
-  if (!arguments.is_array()) throw CommandError("Argument 'args' is no list");
-  TankCalculator& calculator = session.operatingPoints().calculator();
-  const std::int32_t number =
-      target == command.end() ? session.state().CurrentTarget : to_int32(from_json(*target));
-  if (!calculator.SelectTarget(number)) throw CommandError("Unknown target number");
-  calculator.CalculationFailed = false;
-  const float result = calculator.CalculateResult(text_argument(command, "name"),
-                                                  std::span(arguments.get<Variant::Array>()));
-  return {{"result", result}, {"failed", calculator.CalculationFailed}};
+  const auto calculate = entry_of(calculations(), text_argument(command, "what"), "Calculation");
+  return {{"result", calculate(session, command)}};
 }
 
 Json op_dump(Session& session, const Json& command) {
-  const std::string what = text_argument(command, "what");
-  if (what == "candidates") return {{"rows", candidates_json(session)}};
-  throw CommandError("Dump of '" + what + "' is not built yet");
+  return {{"rows", entry_of(dumps(), text_argument(command, "what"), "Dump")(session)}};
 }
 
-Json op_answers(Session& session, const Json& command) {
-  const Json list = command.value("list", Json::array());
-  if (!list.is_array()) throw CommandError("Argument 'list' is no list");
-  std::vector<int> answers;
-  for (const Json& answer : list) answers.push_back(to_int32(from_json(answer)));
-  session.messages().injectAnswers(answers);
-  return {{"count", answers.size()}};
+Json op_formula(Session& session, const Json& command) {
+  const Variant::Array arguments = list_argument(command, "args");
+  const std::int32_t target = command.contains("target") ? number_argument(command, "target")
+                                                         : session.state().CurrentTarget;
+  TankCalculator& calculator = session.operatingPoints().calculator();
+  if (!calculator.SelectTarget(target)) throw CommandError("Unknown target number");
+  calculator.CalculationFailed = false;
+  const float result =
+      calculator.CalculateResult(text_argument(command, "name"), std::span(arguments));
+  return {{"result", result}, {"failed", calculator.CalculationFailed}};
 }
 
 Json op_sql(Session& session, const Json& command) {

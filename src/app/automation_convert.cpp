@@ -141,9 +141,7 @@ Json op_convert(Session& session, const Json& command) {
   const std::string name = text_argument(command, "fn");
   const auto conversion = conversions().find(name);
   if (conversion == conversions().end()) throw CommandError("Unknown conversion '" + name + "'");
-  const Variant given = from_json(command.value("args", Json::array()));
-  if (!given.is_array()) throw CommandError("Argument 'args' is no list");
-  const auto& arguments = given.get<Arguments>();
+  const Arguments arguments = list_argument(command, "args");
   const Conversion& entry = conversion->second;
   if (arguments.size() < entry.fewest || arguments.size() > entry.most) {
     throw CommandError("'" + name + "' does not take " + std::to_string(arguments.size()) +

@@ -25,23 +25,7 @@ Place place_argument(Session& session, const Json& command) {
 }
 
 int index_argument(const Json& command) {
-  const auto index = command.find("index");
-  if (index == command.end()) return -1;
-  if (!index->is_number_integer()) throw CommandError("Argument 'index' is no whole number");
-  return index->get<int>();
-}
-
-Json field_json(const VTLValue& field) {
-  Json json{{"value", to_json(field.value())},
-            {"type", field.value().type_name()},
-            {"unit", field.UnitText()},
-            {"display", field.DisplayText()},
-            {"style", field.StyleType()},
-            {"fixed", field.IsFixed()},
-            {"visible", field.GetOwnerForm().isFieldShown(field)},
-            {"label", field.ValueLabel()}};
-  if (field.Index() >= 0) json["index"] = field.Index();
-  return json;
+  return command.contains("index") ? number_argument(command, "index") : -1;
 }
 
 std::string key_of(const VTLValue& field) {
@@ -50,22 +34,28 @@ std::string key_of(const VTLValue& field) {
   return key;
 }
 
+void require_storable(const VTLValue& field, const Json& value) {
+  if (value.is_null()) return;
+  const bool plain =
+      field.ValueType() == kNumeric
+          ? value.is_number() || (value.is_string() && (value.get<std::string>().empty() ||
+                                                        parse_number(value.get<std::string>())))
+          : value.is_string() || value.is_number();
+  if (!plain) {
+    throw CommandError(value.dump(-1, ' ', false, Json::error_handler_t::replace) +
+                       " is no value for field '" + key_of(field) + "', which stays as it is");
+  }
+}
+
 Json set_field(VTLValue& field, const Json& command) {
   const auto value = command.find("value");
+  if (value != command.end()) require_storable(field, *value);
   if (const auto fixed = command.find("fixed"); fixed != command.end()) {
     if (!fixed->is_boolean()) throw CommandError("Argument 'fixed' is neither true nor false");
     if (!field.ValueFix()) throw CommandError("Field '" + key_of(field) + "' has no tick");
     field.SetFixed(fixed->get<bool>());
   }
-  if (value != command.end()) {
-    const bool typed = value->is_string() && field.ValueType() == kNumeric;
-    if (typed && !value->get<std::string>().empty() &&
-        !parse_number(value->get<std::string>()).has_value()) {
-      throw CommandError("'" + value->get<std::string>() + "' is no number; field '" +
-                         key_of(field) + "' keeps its value");
-    }
-    field.SetValue(from_json(*value));
-  }
+  if (value != command.end()) field.SetValue(from_json(*value));
   return {{"value", to_json(field.value())}, {"fixed", field.IsFixed()}};
 }
 
@@ -91,30 +81,45 @@ Json set_tick_box(TickBox& box, const Json& command) {
 
 }  // namespace
 
+Json field_json(const VTLValue& field) {
+  Json json{{"value", to_json(field.value())},
+            {"type", field.value().type_name()},
+            {"unit", field.UnitText()},
+            {"display", field.DisplayText()},
+            {"style", field.StyleType()},
+            {"fixed", field.IsFixed()},
+            {"visible", field.GetOwnerForm().isFieldShown(field)},
+            {"label", field.ValueLabel()}};
+  if (field.Index() >= 0) json["index"] = field.Index();
+  return json;
+}
+
+Json fields_json(const Screen& screen) {
+  Json fields = Json::object();
+  for (const auto& field : screen.fields()) fields[key_of(*field)] = field_json(*field);
+  return fields;
+}
+
 Json op_set(Session& session, const Json& command) {
   const Place place = place_argument(session, command);
   if (VTLValue* field = place.screen->findField(place.control, index_argument(command))) {
     return set_field(*field, command);
   }
-  if (PullDown* list = place.screen->findPullDown(place.control)) {
+  if (PullDown* list = place.screen->findPullDown(place.control, index_argument(command))) {
     return set_pull_down(*list, command);
   }
-  if (TickBox* box = place.screen->findTickBox(place.control)) return set_tick_box(*box, command);
+  if (TickBox* box = place.screen->findTickBox(place.control, index_argument(command)))
+    return set_tick_box(*box, command);
   throw CommandError("Screen '" + place.screen->name() + "' has no field '" + place.control + "'");
 }
 
 Json op_get(Session& session, const Json& command) {
   const Place place = place_argument(session, command);
-  Json fields = Json::object();
-  if (place.control == "*") {
-    for (const auto& field : place.screen->fields()) fields[key_of(*field)] = field_json(*field);
-  } else if (VTLValue* field = place.screen->findField(place.control, index_argument(command))) {
-    fields[key_of(*field)] = field_json(*field);
-  } else {
-    throw CommandError("Screen '" + place.screen->name() + "' has no field '" + place.control +
-                       "'");
+  if (place.control == "*") return {{"fields", fields_json(*place.screen)}};
+  if (VTLValue* field = place.screen->findField(place.control, index_argument(command))) {
+    return {{"fields", {{key_of(*field), field_json(*field)}}}};
   }
-  return {{"fields", fields}};
+  throw CommandError("Screen '" + place.screen->name() + "' has no field '" + place.control + "'");
 }
 
 }  // namespace vantrel

@@ -7,15 +7,14 @@ Json op_select(Session& session, const Json& command) {
   const int slot = slot_argument(command);
   std::int32_t id = -1;
   std::string name;
-  if (const auto number = command.find("id"); number != command.end()) {
-    if (!number->is_number_integer()) throw CommandError("Argument 'id' is no whole number");
-    id = number->get<std::int32_t>();
+  if (command.contains("id")) {
+    id = number_argument(command, "id");
   } else {
     name = text_argument(command, "name");
   }
   browser_control& browser = session.browser();
   const bool found = browser.Find(id, slot, name, false);
-  if (found && command.value("recheck", false)) browser.RecheckOtherSelections(slot);
+  if (found && flag_argument(command, "recheck", false)) browser.RecheckOtherSelections(slot);
   return {{"result", found}, {"id", id}};
 }
 

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "app/automation.h"
+#include "app/design_document.h"
 #include "app/design_summary.h"
 #include "app/exit_status.h"
 #include "selection/browser_control.h"
@@ -23,13 +24,40 @@ bool applied(CliSession& cli, const SelectionOptions& options, std::ostream& err
   return false;
 }
 
+/// The chain of the simple screen frees what the user has fixed; a design with fixed values takes
+/// its first step as the advanced screen does.
+bool run_chain(Session& session, bool keep_fixes) {
+  if (!keep_fixes) return session.simple().calculate_simple(true, true, true, true);
+  return session.operatingPoints().Calculate(true) &&
+         session.simple().calculate_simple(false, true, true, true);
+}
+
+std::string message_lines(const SysMsg& messages, std::size_t first) {
+  std::string lines;
+  for (std::size_t i = first; i < messages.shown().size(); ++i) {
+    lines += "\n" + with_line_breaks(messages.shown()[i].text) + "\n";
+  }
+  return lines.empty() ? lines : "\nMessages\n" + lines;
+}
+
 }  // namespace
 
-int run_design(CliSession& cli, const SelectionOptions& options, std::ostream& out,
-               std::ostream& errors) {
+int run_design(CliSession& cli, const SelectionOptions& options, const std::string& folder,
+               std::ostream& out, std::ostream& errors) {
   if (!applied(cli, options, errors)) return kExitBadInput;
-  const bool done = cli.session().operatingPoints().Calculate(true);
-  out << design_summary(cli.session());
+  Session& session = cli.session();
+  cli.keepMessagesQuiet();
+  const std::size_t first_message = session.messages().shown().size();
+  const bool done = run_chain(session, !options.fixes.empty());
+  out << design_summary(session) << message_lines(session.messages(), first_message);
+  if (!folder.empty()) {
+    const std::string why =
+        write_design(session, design_json(session, done, first_message), folder);
+    if (!why.empty()) {
+      errors << "vantrel-cli: " << why << '\n';
+      return kExitBadInput;
+    }
+  }
   return done ? kExitDone : kExitEndedEarly;
 }
 

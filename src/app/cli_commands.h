@@ -10,9 +10,10 @@ namespace vantrel {
 
 // The commands of vantrel-cli. Each gives its ExitStatus.
 
-/// Applies the options, calculates and prints the design.
-int run_design(CliSession& cli, const SelectionOptions& options, std::ostream& out,
-               std::ostream& errors);
+/// Applies the options, runs the whole chain, prints the design with its messages below, and writes
+/// the files of the design into `folder` unless that is empty.
+int run_design(CliSession& cli, const SelectionOptions& options, const std::string& folder,
+               std::ostream& out, std::ostream& errors);
 /// Prints the items of the slot "ic", "input", "lamp" or "config" that the selection allows.
 int run_list(CliSession& cli, const std::string& slot, const SelectionOptions& options,
              std::ostream& out, std::ostream& errors);

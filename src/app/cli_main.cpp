@@ -23,10 +23,12 @@ int run(int argc, char** argv) {
   SelectionOptions selection;
   std::string slot;
   std::string script;
+  std::string folder;
 
   CLI::App* design = program.add_subcommand("design", "Design a ballast and print the result");
   add_selection_options(*design, selection);
   add_field_options(*design, selection);
+  design->add_option("--out", folder, "Folder for design.json and bom.csv");
 
   CLI::App* list = program.add_subcommand("list", "List what the selection allows");
   list->add_option("slot", slot, "What to list")
@@ -46,7 +48,7 @@ int run(int argc, char** argv) {
 
   const auto session = CliSession::start(places, std::cerr);
   if (session == nullptr) return kExitBadInput;
-  if (design->parsed()) return run_design(*session, selection, std::cout, std::cerr);
+  if (design->parsed()) return run_design(*session, selection, folder, std::cout, std::cerr);
   if (list->parsed()) return run_list(*session, slot, selection, std::cout, std::cerr);
   return run_script(*session, script, std::cin, std::cout, std::cerr);
 }

@@ -14,7 +14,7 @@ namespace vantrel {
 namespace {
 
 ProgramFolder program_folder(const CliPlaces& places, SettingsStore& settings) {
-  if (!places.home.empty()) return ProgramFolder(places.home);
+  if (!places.home.empty()) return ProgramFolder(std::filesystem::absolute(places.home));
   return prepare_program_folder(executable_folder(), user_data_folder(),
                                 settings.get(kSettingsSection, kAppVersionKey, ""),
                                 kProgramVersion);

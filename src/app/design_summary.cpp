@@ -55,12 +55,70 @@ std::string section_lines(Session& session, const Section& section) {
   return lines.empty() ? lines : std::string("\n") + section.title + "\n" + lines;
 }
 
+struct Winding {
+  const char* name;
+  int index;
+};
+
+std::string field_text(Screen& screen, const char* name, int index) {
+  const VTLValue& field = screen.field(name, index);
+  return trimmed(field.DisplayText() + " " + field.UnitText());
+}
+
+std::string inductor_lines(Session& session) {
+  Inductor& inductor = session.inductor();
+  std::string lines;
+  for (const Winding& winding : {Winding{"LRES", 0}, Winding{"LPFC", 1}}) {
+    if (inductor.field("ind_numberofturns", winding.index).IsItEmpty()) continue;
+    lines += fmt::format("  {:<6}{} on {}, gap {}, {} turns, wire {}, {}\n", winding.name,
+                         field_text(inductor, "ind_inductance", winding.index),
+                         shown_core(*inductor.findPullDown("ind_comboCore", winding.index)),
+                         field_text(inductor, "ind_gapsize", winding.index),
+                         field_text(inductor, "ind_numberofturns", winding.index),
+                         field_text(inductor, "ind_primarydiameter", winding.index),
+                         field_text(inductor, "ind_peakfluxdensity", winding.index));
+  }
+  return lines;
+}
+
+std::string transformer_lines(Session& session) {
+  Transformer& transformer = session.transformer();
+  if (transformer.field("tfr_primaryturns").IsItEmpty()) return {};
+  return fmt::format("  TR    {} on {}, wire {} and {}\n",
+                     transformer.field("tfr_BOMValue").DisplayText(),
+                     shown_core(*transformer.findPullDown("tfr_ComboCore")),
+                     field_text(transformer, "tfr_primarydiameter", -1),
+                     field_text(transformer, "tfr_secondarydiameter", -1));
+}
+
+std::string magnetics_lines(Session& session) {
+  const std::string lines = inductor_lines(session) + transformer_lines(session);
+  return lines.empty() ? lines : "\nMagnetics\n" + lines;
+}
+
+/// Cuts a text that a column cannot hold.
+std::string fitted(const std::string& text, std::size_t width) {
+  return text.size() <= width ? text : text.substr(0, width - 2) + "..";
+}
+
+std::string bill_lines(Session& session) {
+  const auto& records = session.bomStore().BomComponents();
+  if (records.empty()) return {};
+  std::string lines =
+      fmt::format("\nBill of materials ({} components)\n", session.bomStore().BomStages().size());
+  for (const BillRecord& record : records) {
+    lines += fmt::format("  {:>2} {:<24}{:<14}{:<14}{}\n", record.qty, fitted(record.type, 23),
+                         fitted(record.value, 13), fitted(record.rating, 13), record.reference);
+  }
+  return lines;
+}
+
 }  // namespace
 
 std::string design_summary(Session& session) {
   std::string text = selection_lines(session);
   for (const Section& section : sections()) text += section_lines(session, section);
-  return text;
+  return text + magnetics_lines(session) + bill_lines(session);
 }
 
 }  // namespace vantrel

@@ -10,15 +10,19 @@ namespace {
 
 bool can_write(const fs::path& folder) { return ::access(folder.c_str(), W_OK) == 0; }
 
-/// Copies beside the target first, so that a full disk never leaves half a database under its name.
-void copy_whole(const fs::path& from, const fs::path& to) {
-  const fs::path unfinished = to.string() + ".new";
+/// Puts a copy of the installed database in place, and the former one aside when there is one. The
+/// copy is finished before anything moves, so that a full disk leaves the former database as it
+/// was.
+void install_database(const fs::path& installed, const fs::path& database) {
+  const fs::path copy = database.string() + ".new";
   std::error_code error;
-  if (fs::copy_file(from, unfinished, fs::copy_options::overwrite_existing, error)) {
-    fs::permissions(unfinished, fs::perms::owner_write, fs::perm_options::add, error);
-    fs::rename(unfinished, to, error);
+  if (fs::copy_file(installed, copy, fs::copy_options::overwrite_existing, error)) {
+    fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add, error);
+    std::error_code nothing_to_keep;
+    fs::rename(database, database.string() + ".OLD", nothing_to_keep);
+    fs::rename(copy, database, error);
   }
-  if (error) fs::remove(unfinished, error);
+  if (error) fs::remove(copy, error);
 }
 
 }  // namespace
@@ -37,10 +41,9 @@ ProgramFolder user_program_folder(const fs::path& installed, const fs::path& use
   std::error_code error;
   fs::create_directories(database.parent_path(), error);
   const bool upgraded = !stored_version.empty() && stored_version != program_version;
-  if (upgraded && fs::exists(database, error)) {
-    fs::rename(database, database.string() + ".OLD", error);
+  if (upgraded || !fs::exists(database, error)) {
+    install_database(installed / "Data" / "VTL.mdb", database);
   }
-  if (!fs::exists(database, error)) copy_whole(installed / "Data" / "VTL.mdb", database);
   return ProgramFolder(user_folder, installed);
 }
 

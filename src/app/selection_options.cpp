@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
+#include <charconv>
 
 #include "core/number_text.h"
 
@@ -19,8 +20,11 @@ struct SlotChoice {
 bool choose(Session& session, const SlotChoice& choice, std::string& why) {
   if (choice.wanted.empty()) return true;
   if (session.selectByName(choice.slot, choice.wanted)) return true;
-  if (const auto number = parse_number(choice.wanted)) {
-    if (session.selectById(choice.slot, round_to_int32(*number))) return true;
+  std::int32_t number = -1;
+  const char* const end = choice.wanted.data() + choice.wanted.size();
+  const auto read = std::from_chars(choice.wanted.data(), end, number);
+  if (read.ec == std::errc() && read.ptr == end && session.selectById(choice.slot, number)) {
+    return true;
   }
   why = std::string(choice.what) + " '" + choice.wanted + "' is unknown or not allowed here";
   return false;

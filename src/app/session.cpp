@@ -1,7 +1,6 @@
 #include "app/session.h"
 
 #include "app/upgrade_import.h"
-#include "core/fault.h"
 #include "core/text_parsing.h"
 
 namespace vantrel {
@@ -31,56 +30,63 @@ Session::Session(ProgramFolder folder, SessionPorts ports, std::string_view prog
     : folder_(std::move(folder)),
       ports_(std::move(ports)),
       program_version_(program_version),
-      click_sound_(state_, ports_.clock, ports_.sound, folder_, [] { return false; }),
-      field_context_{
-          .messages = messages_,
-          .decimalSeparator = '.',
-          .playClickSound = [this] { click_sound_.PlayClickSound(); },
-          .addMissingField = [this](VTLValue& field,
-                                    const std::string& text) { missing_fields_.Add(field, text); }},
+      click_sound_(state_, ports_.clock, ports_.sound, folder_,
+                   [this] { return options_.isChecked("nosounds"); }),
+      field_context_(fieldContext()),
       database_(messages_),
       details_(database_, messages_, state_),
       missing_fields_(messages_),
+      targets_(messages_, state_),
+      bars_(makeBars()),
+      options_(field_context_, ports_.settings, configureHooks()),
       advanced_(field_context_, state_,
                 {.itemName = [this](int slot) { return selectionName(slot); },
                  .heatingMode = [this] { return details_.ConfigDetails(kConfigHeating); }}),
+      simple_(field_context_, messages_, advanced_, bars_[kSimpleBar], ports_.pump, simpleHooks()),
+      graph_operating_points_("GraphOperatingPoints", "Operating Points", field_context_),
+      graph_time_domain_("GraphTimeDomain", "Time Domain", field_context_),
       item_data_(database_, messages_, details_, advanced_,
                  [this](const std::string& line) { log_.write(line); }),
       input_loader_(database_, messages_, details_, state_, screens_, missing_fields_,
                     [this](const std::string& line) { log_.write(line); }),
       browser_(database_, messages_, state_, item_data_, advanced_, barPointers(),
                selectionHooks()),
-      targets_(messages_, state_),
-      operating_points_(advanced_, targets_, missing_fields_, messages_, operatingPointsHooks()),
       please_wait_(messages_, ports_.clock, ports_.pump, ports_.makeTimer()),
-      progress_(ports_.makeTimer(), {}) {
-  screens_.add(advanced_);
-  browser_.itemSelected.connect([this](int slot) { advanced_.show_tabstrip_for_selection(slot); });
+      progress_(ports_.makeTimer(), [this] { openFollowUps(); }),
+      operating_points_(advanced_, targets_, missing_fields_, messages_, operatingPointsHooks()),
+      history_(advanced_, bars_[kAdvancedBar], messages_, historyHooks()),
+      cores_(database_),
+      inductor_(field_context_, advanced_, input_loader_, missing_fields_, cores_),
+      transformer_(field_context_, advanced_, input_loader_, missing_fields_, cores_),
+      table_export_(messages_, ports_.dialogs, folder_),
+      bill_(field_context_, bom_store_, table_export_, billHooks()),
+      calculator_(field_context_, calculatorServices(), input_loader_, bom_store_,
+                  {.designInductors = [this] { return inductor_.Calculate(true); },
+                   .designTransformer = [this] { return transformer_.Calculate(true); }}),
+      project_({&simple_, &advanced_, &inductor_, &transformer_, &calculator_,
+                &graph_operating_points_, &graph_time_domain_},
+               screens_, messages_, ports_.dialogs, projectHooks()) {
+  connectScreens();
 }
 
 Session::~Session() { EndSession(); }
 
-std::array<control_bar*, Session::kBarCount> Session::barPointers() {
-  std::array<control_bar*, kBarCount> pointers{};
-  for (std::size_t i = 0; i < kBarCount; ++i) pointers[i] = &bars_[i];
-  return pointers;
+void Session::connectScreens() {
+  for (Screen* screen : std::initializer_list<Screen*>{
+           &simple_, &advanced_, &inductor_, &transformer_, &calculator_, &graph_operating_points_,
+           &graph_time_domain_, &bill_, &options_}) {
+    screens_.add(*screen);
+  }
+  advanced_.setCommands(advancedCommands());
+  please_wait_.cancelled.connect([this] { simple_.CancelTest(); });
+  browser_.itemSelected.connect([this](int slot) { advanced_.show_tabstrip_for_selection(slot); });
 }
 
-SelectionHooks Session::selectionHooks() {
-  SelectionHooks hooks;
-  hooks.setFramesFromTabstrips = [this] { advanced_.set_frames_from_tabstrips(); };
-  hooks.resetAdvanced = [this] { advanced_.Reset(); };
-  hooks.setAdvancedLayout = [this] { advanced_.set_layout(); };
-  return hooks;
-}
-
-OperatingPointsHooks Session::operatingPointsHooks() {
-  OperatingPointsHooks hooks;
-  hooks.powerFactor = [this] { return item_data_.PfcPowerFactor(state_.CurrentConfig); };
-  hooks.addCalculationRecord = [this] { return ++advanced_.CalculationNumber; };
-  hooks.isCompletionShown = [] { return true; };
-  hooks.selectVoltageMode = [this] { return selectVoltageMode(); };
-  return hooks;
+control_bar* Session::bar(std::string_view screen) {
+  for (std::size_t i = 0; i < kBarCount; ++i) {
+    if (equal_ignoring_case(kBarOwners[i], screen)) return &bars_[i];
+  }
+  return nullptr;
 }
 
 bool Session::selectVoltageMode() {
@@ -151,6 +157,14 @@ bool Session::StartSession() {
 void Session::runStages() {
   loadWebLinks();
   state_.SoundsReady = false;
+  options_.load_all();
+  for (std::size_t i = 0; i < kBarCount; ++i) {
+    bars_[i].initialise_toolbar(kToolbarDesign, i == kAdvancedBar ? kToolbarPlain : kToolbarShort);
+  }
+  history_.SetupCalculationPulldown();
+  simple_.load(web_links_);
+  inductor_.initialise();
+  transformer_.initialise();
   for (const DefaultSelection& selection : kDefaultSelections) {
     stage_ = selection.slot;
     std::int32_t id = -1;

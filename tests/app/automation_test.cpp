@@ -89,6 +89,53 @@ TEST_F(AutomationTest, CallsFormulas) {
             "Could not find the calculation function : calculate_nothing");
 }
 
+TEST_F(AutomationTest, RunsTheWholeChainAndDumpsIt) {
+  EXPECT_TRUE(run(R"({"op":"calculate","what":"simple"})").at("result"));
+  const Json bill = run(R"({"op":"dump","what":"bom"})").at("rows");
+  std::int64_t components = 0;
+  for (const Json& line : bill) components += line.at("qty").get<std::int64_t>();
+  EXPECT_GE(components, 35);
+  const Json variables = run(R"({"op":"dump","what":"variables"})").at("rows");
+  EXPECT_GE(variables.size(), static_cast<std::size_t>(components));
+  EXPECT_EQ(run(R"({"op":"dump","what":"history"})").at("rows").size(), 1U);
+  EXPECT_TRUE(run(R"({"op":"design_inductor","index":0})").at("result"));
+  EXPECT_FALSE(run(R"({"op":"design_inductor","index":2})").at("ok"));
+}
+
+TEST_F(AutomationTest, TriesComponentFunctionsAndStatements) {
+  // 1.2 ohm is the nearest E24 value below; the function itself gives the resistor of 0.5 V at 0.4
+  // A.
+  Json reply = run(R"({"op":"component","target":0,"name":"component_RS","args":[0.4]})");
+  EXPECT_TRUE(reply.at("result"));
+  EXPECT_NEAR(reply.at("value").get<double>(), 1.25, 1e-6);
+  reply = run(R"({"op":"component","target":0,"name":"component_NONE","args":[]})");
+  EXPECT_FALSE(reply.at("result"));
+  EXPECT_EQ(reply.at("messages").size(), 1U);
+  reply = run(R"({"op":"statement","text":"$ \"value\", 3"})");
+  EXPECT_EQ(reply.at("value"), 3);
+  reply =
+      run(R"x({"op":"statement","text":"$ \"value\", #(\"Advanced\",\"running_lamp_power\")"})x");
+  EXPECT_EQ(reply.at("value"), 28);
+}
+
+TEST_F(AutomationTest, WalksTheHistorySavesAndLoads) {
+  const std::string path = (bench.home.path() / "design.vtl").string();
+  run(R"({"op":"set","field":"Advanced.preheat_time","value":2})");
+  run(R"({"op":"calculate","what":"operating-points"})");
+  EXPECT_TRUE(run((R"({"op":"save","path":")" + path + "\"}").c_str()).at("result"));
+  run(R"({"op":"set","field":"Advanced.preheat_time","value":3})");
+  run(R"({"op":"calculate","what":"operating-points"})");
+  EXPECT_EQ(run(R"({"op":"history","position":-1})").at("shown"), 0);
+  EXPECT_EQ(bench.session->advanced().field("preheat_time").DisplayText(), "2");
+  EXPECT_TRUE(run(R"({"op":"command","screen":"Advanced","command":"c_next"})").at("handled"));
+  EXPECT_EQ(bench.session->advanced().field("preheat_time").DisplayText(), "3");
+  EXPECT_TRUE(run((R"({"op":"load","path":")" + path + "\"}").c_str()).at("result"));
+  EXPECT_EQ(bench.session->advanced().field("preheat_time").DisplayText(), "2");
+  const Json lost = run(R"({"op":"load","path":"/nowhere/lost.vtl"})");
+  EXPECT_FALSE(lost.at("result"));
+  EXPECT_EQ(lost["messages"][0]["text"], "Could not load project 'lost.vtl'");
+}
+
 TEST_F(AutomationTest, ReadsTheDatabaseButNeverWritesIt) {
   const Json reply =
       run(R"({"op":"sql","text":"select Name from [DATA:IC] where RecordType = 2 order by ID"})");
@@ -115,6 +162,15 @@ TEST_F(AutomationTest, WrongCommandsSayWhatIsWrongAndChangeNothing) {
       R"({"op":"get","field":"Nowhere.LValue"})",
       R"({"op":"get","field":"Advanced.nothing"})",
       R"({"op":"set","field":"Advanced.pmax","value":"watt"})",
+      R"({"op":"set","field":"Advanced.pmax","value":true})",
+      R"({"op":"set","field":"Advanced.pmax","value":[1,2]})",
+      R"({"op":"set","field":"Advanced.LValue","value":"x","fixed":true})",
+      R"({"op":"select","slot":"LAMP","id":4294967299})",
+      R"({"op":"history"})",
+      R"({"op":"command","screen":"Nowhere","command":"c_next"})",
+      R"({"op":"option","name":"nothing","value":true})",
+      R"({"op":"option","name":"nosounds","value":7})",
+      R"({"op":"export","what":"tea","path":"x"})",
       R"({"op":"set","field":"Advanced.pmax","value":"nan"})",
       R"({"op":"set","field":"Advanced.pmax","fixed":true})",
       R"({"op":"set","field":"Advanced.LValue","fixed":"yes"})",
@@ -135,7 +191,9 @@ TEST_F(AutomationTest, WrongCommandsSayWhatIsWrongAndChangeNothing) {
     EXPECT_FALSE(reply.at("ok").get<bool>()) << line;
     EXPECT_FALSE(reply.at("error").get<std::string>().empty()) << line;
   }
+  EXPECT_FALSE(automation.runLine(std::string(100000, '[')).at("ok").get<bool>());
   EXPECT_EQ(bench.session->advanced().field("pmax").DisplayText(), before);
+  EXPECT_FALSE(bench.session->advanced().field("LValue").IsFixed());
 }
 
 }  // namespace

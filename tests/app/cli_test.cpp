@@ -36,7 +36,7 @@ TEST(Cli, DesignsTheDefaultBallast) {
   const Outcome outcome = run(bench, "design");
   EXPECT_EQ(outcome.status, 0);
   for (const char* line : {"90 to 265VAC/500VDC", "T5 28W", "Run Frequency", "PFC Inductor",
-                           "Preheat Time", "Calculation 1 Complete"}) {
+                           "Preheat Time", "LRES", "Bill of materials"}) {
     EXPECT_NE(outcome.output.find(line), std::string::npos) << line << "\n" << outcome.output;
   }
 }
@@ -66,6 +66,31 @@ TEST(Cli, ExitStatusTellsWhatHappened) {
     EXPECT_EQ(outcome.status, status) << arguments << "\n" << outcome.output;
     EXPECT_FALSE(outcome.output.empty()) << arguments;
   }
+}
+
+TEST(Cli, WritesTheFilesOfADesign) {
+  SessionBench bench;
+  const auto folder = bench.home.path() / "out" / "deep";
+  ASSERT_EQ(run(bench, "design --out '" + folder.string() + "'").status, 0);
+  std::ifstream file(folder / "design.json");
+  const Json design = Json::parse(file);
+  EXPECT_TRUE(design.at("complete"));
+  EXPECT_EQ(design["selection"]["lamp"]["name"], "T5 28W");
+  EXPECT_EQ(design["screens"]["Advanced"]["Advanced.LValue"]["unit"], "mH");
+  EXPECT_EQ(design["cores"]["LRES"], "EFD25");
+  EXPECT_GE(design["components"].size(), 35U);
+  std::ifstream bill(folder / "bom.csv");
+  std::string header;
+  std::getline(bill, header);
+  EXPECT_EQ(header, "Qty,Type,Value,Rating,Tolerance,Reference\r");
+  EXPECT_EQ(run(bench, "design --out /dev/null/x").status, 3);
+}
+
+TEST(Cli, FixedValuesAreKept) {
+  SessionBench bench;
+  const Outcome outcome = run(bench, "design --set Advanced.LValue=4.2 --fix Advanced.LValue");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.output.find("4.2 mH  (fixed)"), std::string::npos) << outcome.output;
 }
 
 TEST(Cli, RefusesAFolderWithoutADatabase) {

@@ -52,6 +52,22 @@ TEST(Session, DefaultRunFrequencySolvesTheLoadedTank) {
   EXPECT_NEAR(block.FRun / low, 1.0, 1e-5);
 }
 
+// What used to keep the retries of the operating points going for ever, or for hours.
+TEST(Session, AbsurdInputsEndTheCalculation) {
+  SessionBench bench;
+  Session& session = bench.start();
+  ASSERT_TRUE(session.selectById(kSlotConfig, 1));
+  session.advanced().field("preheat_current").SetValue(1000000.0);
+  session.operatingPoints().Calculate(true);
+  ASSERT_TRUE(session.selectById(kSlotConfig, 0));
+  ASSERT_TRUE(session.selectByName(kSlotInput, "400VDC"));
+  session.advanced().field("running_dc_bus_voltage").SetValue(-1e8);
+  session.messages().clear();
+  EXPECT_FALSE(session.operatingPoints().Calculate(true));
+  ASSERT_FALSE(bench.texts().empty());
+  EXPECT_TRUE(bench.texts().back().starts_with("No solution found."));
+}
+
 TEST(Session, FirstStartStoresTheVersionAndImportsNothing) {
   SessionBench bench;
   std::ofstream(bench.home.path() / "Data" / "VTL.mdb.OLD") << "left over";

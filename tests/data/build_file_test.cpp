@@ -66,12 +66,12 @@ TEST_F(BuildFile, ReadsFilesWithCarriageReturns) {
 
 TEST_F(BuildFile, BlankCellOfAColumnWithADefaultTakesIt) {
   folder_.add("LoadInputs.csv", "LoadID,Locked,InvisibleIfEmpty\nCalculator,,Yes\n");
-  folder_.add("TV6101_BOM.csv", "Stage,RefDes,Flags\nIC:TV6101,RT,\n");
+  folder_.add("ComponentDescriptions.csv", "RefDes,MNR\nRT,\n");
   ASSERT_EQ(folder_.problems(), Texts{});
   EXPECT_EQ(firstRow("select [Locked], [InvisibleIfUnused], [InvisibleIfEmpty] from LoadInputs"),
             (Texts{"Boolean False", "Boolean False", "Boolean True"}));
-  EXPECT_EQ(firstRow("select [Flags], [CCOutput] from [TV6101 BOM]"),
-            (Texts{"Long 0", "Boolean False"}));
+  EXPECT_EQ(firstRow("select [MNR], [MNC] from ComponentDescriptions"),
+            (Texts{"Boolean False", "Boolean False"}));
 }
 
 TEST_F(BuildFile, ProblemsLeaveTheOldDatabaseAsItWas) {

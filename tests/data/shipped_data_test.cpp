@@ -6,9 +6,9 @@
 
 #include "core/number_text.h"
 #include "database_builder/build.h"
-#include "database_builder/database_file.h"
 #include "database_builder/group_rule.h"
 #include "database_builder/item_checks.h"
+#include "shipped_tables.h"
 
 namespace vantrel::builder {
 namespace {
@@ -17,17 +17,7 @@ namespace {
 class ShippedData : public testing::Test {
  protected:
   void SetUp() override {
-    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-    const std::filesystem::path data(VANTREL_DATA);
-    DatabaseFile file(std::filesystem::path(testing::TempDir()) /
-                          ("vantrel-" + std::string(test.name()) + ".mdb"),
-                      problems_);
-    ASSERT_TRUE(file.create(data / "schema.sql"));
-    tables_ = file.tables();
-    for (SourceTable& table : tables_.tables) {
-      table.file = data / file_name(table.name);
-      load_rows(table, problems_);
-    }
+    tables_ = load_shipped_tables(problems_);
     check_tables(tables_, program_vocabulary(), problems_);
     for (const Problem& problem : problems_.list()) ADD_FAILURE() << to_string(problem);
   }

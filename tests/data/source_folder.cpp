@@ -83,6 +83,9 @@ SourceFolder::SourceFolder() : files_(kFiles) {
   for (const char* number : {"01", "02", "03", "04", "05", "06", "07", "08", "09", "10"}) {
     files_["TV61" + std::string(number) + "_BOM.csv"] = "Stage,RefDes\n";
   }
+  for (const char* curve : {"Block_Current", "Choke_Power", "Scale_Unity", "Snub_Bus"}) {
+    files_["Lookup_" + std::string(curve) + ".csv"] = "Index,value\n";
+  }
   // Every test runs in a process of its own, and all of them at once.
   const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
   path_ = std::filesystem::path(testing::TempDir()) /

@@ -7,6 +7,7 @@
 #include "database_builder/database_file.h"
 #include "database_builder/group_rule.h"
 #include "database_builder/item_checks.h"
+#include "database_builder/rule_checks.h"
 
 namespace vantrel::builder {
 
@@ -39,6 +40,7 @@ void check_tables(const SourceTables& tables, const Vocabulary& vocabulary, Prob
   }
   check_targets(tables, vocabulary, problems);
   check_default_selection(tables, problems);
+  check_rules(tables, vocabulary, problems);
 }
 
 Problems build_database(const BuildPaths& paths, const Vocabulary& vocabulary) {

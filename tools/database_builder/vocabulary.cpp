@@ -17,6 +17,12 @@ namespace {
 /// Configurations are numbered from 0 to this.
 constexpr std::int32_t kLastConfig = 7;
 
+FunctionArities arities(const Target& target) {
+  FunctionArities result;
+  for (const ComponentEntry& entry : target.components()) result.emplace(entry.name, entry.arity);
+  return result;
+}
+
 }  // namespace
 
 const FieldSpec* Vocabulary::field(std::string_view name) const {
@@ -39,8 +45,11 @@ Vocabulary program_vocabulary() {
   TargetFactory targets(messages, state);
   for (std::int32_t target = 0; target < kTargetCount; ++target) {
     // The formulas' objects bear the IC's name in lower case.
-    vocabulary.targets.push_back(upper(targets.TargetFromNumber(target)->name()));
+    const Target& formulas = *targets.TargetFromNumber(target);
+    vocabulary.targets.push_back(upper(formulas.name()));
+    vocabulary.functions.push_back(arities(formulas));
   }
+  vocabulary.generic_functions = arities(targets.generic());
   return vocabulary;
 }
 

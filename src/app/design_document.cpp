@@ -1,0 +1,74 @@
+#include "app/design_document.h"
+
+#include <array>
+
+#include "app/automation_ops.h"
+#include "core/file_writer.h"
+#include "outputs/table_export.h"
+
+namespace vantrel {
+
+namespace {
+
+Json selection_json(Session& session) {
+  constexpr std::array<const char*, kSlotCount> keys{"ic", "input", "lamp", "config"};
+  Json selection = Json::object();
+  for (int slot = 0; slot < kSlotCount; ++slot) {
+    selection[keys[static_cast<std::size_t>(slot)]] = {{"id", session.browser().GetInfo(slot)},
+                                                       {"name", session.selectionFullName(slot)}};
+  }
+  return selection;
+}
+
+Json cores_json(Session& session) {
+  Json cores = Json::object();
+  for (int index = 0; index < 2; ++index) {
+    const PullDown& list = *session.inductor().findPullDown("ind_comboCore", index);
+    cores[index == 0 ? "LRES" : "LPFC"] = shown_core(list);
+  }
+  cores["Transformer"] = shown_core(*session.transformer().findPullDown("tfr_ComboCore"));
+  return cores;
+}
+
+std::string written(const std::filesystem::path& file, const std::string& content) {
+  const auto failure = write_file(file, content);
+  return failure ? file.string() + ": " + *failure : std::string();
+}
+
+}  // namespace
+
+Json design_json(Session& session, bool complete, std::size_t first_message) {
+  Json screens = Json::object();
+  for (Screen* screen :
+       std::initializer_list<Screen*>{&session.advanced(), &session.inductor(),
+                                      &session.transformer(), &session.calculator()}) {
+    screens[screen->name()] = fields_json(*screen);
+  }
+  Json components = Json::array();
+  if (!session.bomStore().isEmpty()) {
+    for (const VariableEntry& variable : session.calculator().engine().variables().entries()) {
+      if (!variable.reference.empty()) components.push_back(variable_json(variable));
+    }
+  }
+  return {{"complete", complete},
+          {"selection", selection_json(session)},
+          {"screens", screens},
+          {"cores", cores_json(session)},
+          {"components", components},
+          {"bom", bill_json(session.bomStore())},
+          {"messages", messages_json(session.messages(), first_message)}};
+}
+
+std::string write_design(Session& session, const Json& design,
+                         const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  const std::string text = design.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  if (std::string why = written(folder / "design.json", text); !why.empty()) return why;
+  if (session.bomStore().isEmpty()) return {};
+  session.billOfMaterials().setup_bom();
+  return written(folder / "bom.csv",
+                 table_text(session.billOfMaterials().grid(), TableFileType::Csv));
+}
+
+}  // namespace vantrel
