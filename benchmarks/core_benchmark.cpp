@@ -83,6 +83,17 @@ void calculate_operating_points(benchmark::State& state) {
 }
 BENCHMARK(calculate_operating_points)->Unit(benchmark::kMicrosecond);
 
+void design_whole_ballast(benchmark::State& state) {
+  Bench bench;
+  if (!bench.start()) state.SkipWithError("no design database");
+  for (auto step : state) {
+    if (!bench.session().simple().calculate_simple(true, true, true, true)) {
+      state.SkipWithError("the chain ended early");
+    }
+  }
+}
+BENCHMARK(design_whole_ballast)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 BENCHMARK_MAIN();

@@ -41,6 +41,7 @@ bool ComponentEngine::CalculateComponents(bool full_bom, bool outputs_only) {
   progress.Setup(full_bom);
   bool result = false;
   try {
+    const ReadScope one_view(context_.services.database);
     result = run(full_bom, outputs_only);
   } catch (const Fault& fault) {
     context_.logAndShow("CalculateComponents Error : " + std::string(fault.what()));

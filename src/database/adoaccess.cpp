@@ -107,6 +107,14 @@ bool adoaccess_class::run(std::string_view sql, const std::vector<Variant>& para
          store_->run(statement.get());
 }
 
+bool adoaccess_class::begin_reading() {
+  return is_connected() && !store_->in_transaction() && store_->run_native("begin");
+}
+
+void adoaccess_class::end_reading() {
+  if (is_connected() && store_->in_transaction()) store_->run_native("commit");
+}
+
 bool adoaccess_class::execute_script(std::string_view script) {
   if (!is_connected()) return false;
   return guarded(*store_, last_error_, [&] {

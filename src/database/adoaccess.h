@@ -92,6 +92,11 @@ class adoaccess_class {
   bool read(std::string_view sql, const std::vector<Variant>& parameters, RecordSet& set,
             bool empty_is_good = false);
 
+  /// Begins one view of the database for a stretch of reads; see ReadScope. False when there is one
+  /// already, or no connection.
+  bool begin_reading();
+  void end_reading();
+
   /// The field of the current row; Empty for a Null, at the end and for an unknown field.
   static Variant rs_get(const RecordSet& set, std::string_view field);
   static bool rs_movefirst(RecordSet& set);
@@ -120,6 +125,24 @@ class adoaccess_class {
   std::unique_ptr<SqliteStore> store_;
   SysMsg& messages_;
   std::string last_error_;
+};
+
+/// Keeps one view of the database while it lives, so that the store locks the file and looks for a
+/// journal once and not at every statement. Inside another scope it does nothing. Meant for the
+/// milliseconds of a calculation: another program's change waits meanwhile.
+class ReadScope {
+ public:
+  explicit ReadScope(adoaccess_class& database)
+      : database_(database), begun_(database.begin_reading()) {}
+  ~ReadScope() {
+    if (begun_) database_.end_reading();
+  }
+  ReadScope(const ReadScope&) = delete;
+  ReadScope& operator=(const ReadScope&) = delete;
+
+ private:
+  adoaccess_class& database_;
+  bool begun_;
 };
 
 }  // namespace vantrel

@@ -302,6 +302,32 @@ TEST_F(RecordAccess, ScriptsBypassTheDialectAndRunAsOne) {
   EXPECT_TRUE(database.open_access(file));
 }
 
+TEST_F(RecordAccess, AReadScopeKeepsOneViewAndItsOwnChanges) {
+  adoaccess_class other(messages);
+  ASSERT_TRUE(other.open_access(file));
+  const auto names = [this] {
+    database.read("select * from items where ID > 1", set, true);
+    return set.rowCount();
+  };
+  {
+    const ReadScope outer(database);
+    const ReadScope inner(database);
+    EXPECT_EQ(names(), 1U);
+    std::int32_t affected = -1;
+    other.execute("insert into items (ID) values (8)", &affected);
+    EXPECT_EQ(affected, 0) << "another program waits, and gives up";
+    EXPECT_EQ(names(), 1U);
+  }
+  other.execute("insert into items (ID) values (8)");
+  EXPECT_EQ(names(), 2U);
+  {
+    const ReadScope scope(database);
+    database.execute("insert into items (ID) values (9)");
+  }
+  RecordSet seen;
+  EXPECT_TRUE(other.read("select * from items where ID = 9", seen));
+}
+
 TEST_F(RecordAccess, AnInstanceCanBeAimedAnew) {
   make_database(folder / "other.mdb",
                 "create table other (a INTEGER); insert into other values(1)");
