@@ -16,8 +16,12 @@ class Bench {
  public:
   Bench()
       : session_(ProgramFolder(VANTREL_PROGRAM_FOLDER),
-                 SessionPorts{settings_, clock_, sound_, pump_,
-                              [] { return std::make_unique<ManualTimer>(); }},
+                 SessionPorts{.settings = settings_,
+                              .clock = clock_,
+                              .sound = sound_,
+                              .pump = pump_,
+                              .makeTimer = [] { return std::make_unique<ManualTimer>(); },
+                              .writePicture = {}},
                  "1.0.0") {}
 
   bool start() { return session_.StartSession(); }

@@ -4,10 +4,10 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build ccache python3
-  qt6-base-dev
+  qt6-base-dev qt6-svg-dev
   libsqlite3-dev libfmt-dev nlohmann-json3-dev libcli11-dev
   libgtest-dev libbenchmark-dev
-  ngspice clang-format clang
+  ngspice clang-format clang libclang-rt-14-dev
   locales
 )
 

@@ -1,6 +1,31 @@
+#include <unordered_map>
+
 #include "app/automation_ops.h"
 
 namespace vantrel {
+
+namespace {
+
+using Export = bool (*)(Session&, const std::string& path);
+
+bool export_bill(Session& session, const std::string& path) {
+  return session.billOfMaterials().setup_bom() && session.billOfMaterials().ExportTableTo(path);
+}
+
+bool export_graph(Session& session, const std::string& path) {
+  GraphOP& graph = session.operatingPointsGraph();
+  if (!graph.inputsAvailable()) throw CommandError(std::string(GraphOP::kMissingText));
+  if (const auto why = session.writePicture(path, graph.picture())) throw CommandError(*why);
+  return true;
+}
+
+const std::unordered_map<std::string, Export>& exports() {
+  static const std::unordered_map<std::string, Export> table{{"bom", export_bill},
+                                                             {"operating-points", export_graph}};
+  return table;
+}
+
+}  // namespace
 
 Json op_history(Session& session, const Json& command) {
   std::int32_t position = number_argument(command, "position");
@@ -20,11 +45,13 @@ Json op_command(Session& session, const Json& command) {
 Json op_option(Session& session, const Json& command) {
   const std::string name = text_argument(command, "name");
   if (!command.contains("value")) throw CommandError("Argument 'value' is missing");
-  if (!session.options().tick(name, flag_argument(command, "value", false))) {
-    throw CommandError("Unknown option '" + name + "'");
-  }
+  const bool wanted = flag_argument(command, "value", false);
+  if (!session.options().tick(name, wanted)) throw CommandError("Unknown option '" + name + "'");
   session.options().Apply();
-  return {{"value", session.options().isChecked(name)}};
+  if (session.options().isChecked(name) != wanted) {
+    throw CommandError("Option '" + name + "' is cleared by setting another of its group");
+  }
+  return {{"value", wanted}};
 }
 
 Json op_save(Session& session, const Json& command) {
@@ -40,15 +67,19 @@ Json op_load(Session& session, const Json& command) {
 Json op_export(Session& session, const Json& command) {
   const std::string what = text_argument(command, "what");
   const std::string path = text_argument(command, "path");
-  if (what != "bom") throw CommandError("Export of '" + what + "' is not built");
-  const bool shown = session.billOfMaterials().setup_bom();
-  return {{"result", shown && session.billOfMaterials().ExportTableTo(path)}};
+  const auto export_it = exports().find(what);
+  if (export_it == exports().end()) throw CommandError("Export of '" + what + "' is not built");
+  return {{"result", export_it->second(session, path)}};
 }
 
 Json op_answers(Session& session, const Json& command) {
   std::vector<int> answers;
   for (const Variant& answer : list_argument(command, "list")) {
-    answers.push_back(to_int32(answer));
+    const std::int32_t number = answer.is_numeric() ? to_int32(answer) : 0;
+    if (number < kYes || number > kCancel) {
+      throw CommandError("An answer is 1 yes, 2 no, 3 OK or 4 cancel");
+    }
+    answers.push_back(number);
   }
   session.messages().injectAnswers(answers);
   return {{"count", answers.size()}};

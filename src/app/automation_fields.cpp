@@ -102,6 +102,7 @@ Json fields_json(const Screen& screen) {
 
 Json op_set(Session& session, const Json& command) {
   const Place place = place_argument(session, command);
+  if (place.screen == &session.options()) throw CommandError("Options are set by the op 'option'");
   if (VTLValue* field = place.screen->findField(place.control, index_argument(command))) {
     return set_field(*field, command);
   }

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <filesystem>
 #include <fstream>
 #include <istream>
 #include <ostream>
@@ -82,7 +83,7 @@ int run_script(CliSession& cli, const std::string& file, std::istream& in, std::
   std::ifstream commands;
   if (!file.empty()) {
     commands.open(file);
-    if (!commands) {
+    if (!commands || std::filesystem::is_directory(file)) {
       errors << "vantrel-cli: cannot read '" << file << "'\n";
       return kExitBadInput;
     }

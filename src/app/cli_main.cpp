@@ -4,6 +4,7 @@
 #include "app/cli_commands.h"
 #include "app/cli_session.h"
 #include "app/exit_status.h"
+#include "app/sweep.h"
 #include "app/version.h"
 
 namespace {
@@ -28,7 +29,7 @@ int run(int argc, char** argv) {
   CLI::App* design = program.add_subcommand("design", "Design a ballast and print the result");
   add_selection_options(*design, selection);
   add_field_options(*design, selection);
-  design->add_option("--out", folder, "Folder for design.json and bom.csv");
+  design->add_option("--out", folder, "Folder for design.json, bom.csv and the pictures");
 
   CLI::App* list = program.add_subcommand("list", "List what the selection allows");
   list->add_option("slot", slot, "What to list")
@@ -40,12 +41,18 @@ int run(int argc, char** argv) {
       program.add_subcommand("script", "Answer one JSON command per line with one JSON line");
   automation->add_option("file", script, "File with commands instead of the standard input");
 
+  SweepOptions sweep_options;
+  CLI::App* sweep =
+      program.add_subcommand("sweep", "Design every combination that the selection rules allow");
+  add_sweep_options(*sweep, sweep_options);
+
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? kExitDone : kExitWrongUse;
   }
 
+  if (sweep->parsed()) return run_sweep(places, sweep_options, std::cerr);
   const auto session = CliSession::start(places, std::cerr);
   if (session == nullptr) return kExitBadInput;
   if (design->parsed()) return run_design(*session, selection, folder, std::cout, std::cerr);
@@ -57,7 +64,11 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    return run(argc, argv);
+    const int status = run(argc, argv);
+    std::cout.flush();
+    if (std::cout) return status;
+    std::cerr << "vantrel-cli: the output could not be written\n";
+    return vantrel::kExitBadInput;
   } catch (const std::exception& error) {
     std::cerr << "vantrel-cli: " << error.what() << '\n';
     return vantrel::kExitBadInput;

@@ -27,8 +27,15 @@ std::unique_ptr<CliSession> CliSession::start(const CliPlaces& places, std::ostr
   const std::string settings_file =
       places.settings.empty() ? user_settings_file().string() : places.settings;
   cli->settings_ = std::make_unique<QtSettings>(settings_file);
-  const SessionPorts ports{*cli->settings_, cli->clock_, cli->sound_, cli->pump_,
-                           [] { return std::make_unique<ImmediateTimer>(); }};
+  const SessionPorts ports{
+      .settings = *cli->settings_,
+      .clock = cli->clock_,
+      .sound = cli->sound_,
+      .pump = cli->pump_,
+      .makeTimer = [] { return std::make_unique<ImmediateTimer>(); },
+      .writePicture = [pictures = &cli->pictures_](
+                          const auto& file,
+                          const Picture& picture) { return pictures->write(file, picture); }};
   cli->session_ =
       std::make_unique<Session>(program_folder(places, *cli->settings_), ports, kProgramVersion);
   cli->session_->messages().onMessage = [&errors](const Message& message) {

@@ -6,6 +6,7 @@
 
 #include "app/session.h"
 #include "core/plain_ports.h"
+#include "platform/picture_export.h"
 #include "platform/qt_settings.h"
 
 namespace vantrel {
@@ -33,6 +34,7 @@ class CliSession {
   SteadyClock clock_;
   SilentSound sound_;
   NoEvents pump_;
+  PictureExport pictures_;
   std::unique_ptr<Session> session_;
 };
 

@@ -35,6 +35,18 @@ std::string written(const std::filesystem::path& file, const std::string& conten
   return failure ? file.string() + ": " + *failure : std::string();
 }
 
+/// The gain graph of a design that has a tank.
+std::string write_graph(Session& session, const std::filesystem::path& folder) {
+  GraphOP& graph = session.operatingPointsGraph();
+  if (!graph.inputsAvailable()) return {};
+  for (const char* name : {"operating-points.svg", "operating-points.png"}) {
+    if (const auto why = session.writePicture(folder / name, graph.picture())) {
+      return (folder / name).string() + ": " + *why;
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 Json design_json(Session& session, bool complete, std::size_t first_message) {
@@ -67,8 +79,12 @@ std::string write_design(Session& session, const Json& design,
   if (std::string why = written(folder / "design.json", text); !why.empty()) return why;
   if (session.bomStore().isEmpty()) return {};
   session.billOfMaterials().setup_bom();
-  return written(folder / "bom.csv",
-                 table_text(session.billOfMaterials().grid(), TableFileType::Csv));
+  if (std::string why = written(folder / "bom.csv",
+                                table_text(session.billOfMaterials().grid(), TableFileType::Csv));
+      !why.empty()) {
+    return why;
+  }
+  return write_graph(session, folder);
 }
 
 }  // namespace vantrel

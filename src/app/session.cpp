@@ -65,7 +65,9 @@ Session::Session(ProgramFolder folder, SessionPorts ports, std::string_view prog
                    .designTransformer = [this] { return transformer_.Calculate(true); }}),
       project_({&simple_, &advanced_, &inductor_, &transformer_, &calculator_,
                 &graph_operating_points_, &graph_time_domain_},
-               screens_, messages_, ports_.dialogs, projectHooks()) {
+               screens_, messages_, ports_.dialogs, projectHooks()),
+      graph_op_(advanced_, missing_fields_, messages_,
+                [this](int slot) { return selectionName(slot); }) {
   connectScreens();
 }
 
@@ -89,12 +91,19 @@ control_bar* Session::bar(std::string_view screen) {
   return nullptr;
 }
 
+std::optional<std::string> Session::writePicture(const std::filesystem::path& file,
+                                                 const Picture& picture) const {
+  if (!ports_.writePicture) return "this program draws no pictures";
+  return ports_.writePicture(file, picture);
+}
+
 bool Session::selectVoltageMode() {
   std::int32_t sibling = state_.CurrentConfig + 1;
   return browser_.Find(sibling, kSlotConfig, "", false);
 }
 
 bool Session::select(int slot, std::int32_t id, std::string_view name) {
+  if (busy_) return false;
   browser_.Setup(slot);
   for (const ValidItem& item : browser_.ValidItems()) {
     const bool wanted =
@@ -160,6 +169,8 @@ void Session::runStages() {
   options_.load_all();
   for (std::size_t i = 0; i < kBarCount; ++i) {
     bars_[i].initialise_toolbar(kToolbarDesign, i == kAdvancedBar ? kToolbarPlain : kToolbarShort);
+    bars_[i].setweblinks("wwwlinks_bm", web_links_);
+    bars_[i].set_status("Ready");
   }
   history_.SetupCalculationPulldown();
   simple_.load(web_links_);

@@ -10,6 +10,7 @@
 
 #include "components/calculator.h"
 #include "core/click_sound.h"
+#include "core/device_context.h"
 #include "core/please_wait.h"
 #include "core/ports.h"
 #include "core/program_folder.h"
@@ -35,6 +36,7 @@
 #include "services/messages/calculation_log.h"
 #include "services/messages/sysmsg.h"
 #include "services/project.h"
+#include "waveforms/operating_points_graph.h"
 
 namespace vantrel {
 
@@ -53,6 +55,7 @@ struct SessionPorts {
   std::function<std::unique_ptr<Timer>()> makeTimer;
   FileDialogs* dialogs = nullptr;
   ShellOpen* shell = nullptr;
+  PictureWriter writePicture;
 };
 
 /// The composition root: makes every object of a run, wires them together, and brings the run up
@@ -95,6 +98,10 @@ class Session {
   configure& options() { return options_; }
   Project& project() { return project_; }
   CalculationHistory& history() { return history_; }
+  GraphOP& operatingPointsGraph() { return graph_op_; }
+  /// Writes a picture in the format of the file's extension; gives the reason when it fails.
+  std::optional<std::string> writePicture(const std::filesystem::path& file,
+                                          const Picture& picture) const;
   /// The bar of a screen that has one, by the screen's name; nothing for any other.
   control_bar* bar(std::string_view screen);
   SelectionDetails& details() { return details_; }
@@ -117,7 +124,9 @@ class Session {
   std::array<control_bar, kBarCount> makeBars();
   std::array<control_bar*, kBarCount> barPointers();
   ControlBarHooks barHooks(const char* owner);
-  bool runCommand(const std::string& command, const std::string& argument);
+  bool runCommand(const std::string& owner, const std::string& command,
+                  const std::string& argument);
+  void gateDesigners();
   FieldContext fieldContext();
   CalculatorServices calculatorServices();
   SelectionHooks selectionHooks();
@@ -129,6 +138,7 @@ class Session {
   ProjectHooks projectHooks();
   BillHooks billHooks();
   void openFollowUps();
+  void drawGraph();
   void connectScreens();
 
   bool selectVoltageMode();
@@ -174,6 +184,7 @@ class Session {
   bill_of_materials bill_;
   Calculator calculator_;
   Project project_;
+  GraphOP graph_op_;
   std::vector<BarLink> web_links_;
 };
 

@@ -58,8 +58,9 @@ ControlBarHooks Session::barHooks(const char* owner) {
   hooks.messages = &messages_;
   hooks.details = &details_;
   hooks.shell = ports_.shell;
-  hooks.application = [this](const std::string& command, const std::string& argument) {
-    return runCommand(command, argument);
+  hooks.application = [this, name = hooks.owner](const std::string& command,
+                                                 const std::string& argument) {
+    return runCommand(name, command, argument);
   };
   hooks.isBusy = [this] { return busy_; };
   hooks.listItems = [this](int slot, PullDown& list) { browser_.Setup(slot, &list); };
@@ -67,13 +68,26 @@ ControlBarHooks Session::barHooks(const char* owner) {
   return hooks;
 }
 
-bool Session::runCommand(const std::string& command, const std::string& argument) {
-  if (history_.execute_command(command, argument)) return true;
+bool Session::runCommand(const std::string& owner, const std::string& command,
+                         const std::string& argument) {
+  if (owner == kBarOwners[kAdvancedBar]) {
+    const Raised busy(busy_);
+    if (history_.execute_command(command, argument)) return true;
+  }
   const std::map<std::string, std::function<void()>> commands{
       {"c_simple", [this] { simple_.ShowSimpleScreen(); }},
       {"c_advanced", [this] { simple_.ShowAdvancedScreen(); }},
-      {"c_save_project", [this] { project_.SaveProject(simple_.name()); }},
-      {"c_load_project", [this] { project_.LoadProject(simple_.name()); }},
+      {"c_save_project",
+       [this, &owner] {
+         const Raised busy(busy_);
+         project_.SaveProject(owner);
+       }},
+      {"c_load_project",
+       [this, &owner] {
+         const Raised busy(busy_);
+         project_.LoadProject(owner);
+       }},
+      {"c_quit", [this] { simple_.unload(); }},
       {"c_configure", [this] { options_.config_show(); }},
       {"c_bom", [this] { bill_.setup_bom(); }},
       {"c_inductor", [this] { inductor_.visible(true); }},
@@ -91,7 +105,10 @@ SelectionHooks Session::selectionHooks() {
   hooks.setFramesFromTabstrips = [this] { advanced_.set_frames_from_tabstrips(); };
   hooks.clearComputedComponents = [this] { bom_store_.clear(); };
   hooks.resetAdvanced = [this] { advanced_.Reset(); };
-  hooks.setAdvancedLayout = [this] { advanced_.set_layout(); };
+  hooks.setAdvancedLayout = [this] {
+    advanced_.set_layout();
+    gateDesigners();
+  };
   hooks.resetCalculator = [this] { calculator_.Reset(false); };
   hooks.enableMainButton = [this](int index, bool enabled) {
     simple_.enableMainButton(index, enabled);
@@ -102,6 +119,13 @@ SelectionHooks Session::selectionHooks() {
   return hooks;
 }
 
+void Session::gateDesigners() {
+  for (control_bar& bar : bars_) {
+    bar.set_enabled_byname("c_inductor", advanced_.says_yes("allow_inductor"));
+    bar.set_enabled_byname("c_transformer_designer", advanced_.says_yes("allow_transformer"));
+  }
+}
+
 OperatingPointsHooks Session::operatingPointsHooks() {
   OperatingPointsHooks hooks;
   hooks.powerFactor = [this] { return item_data_.PfcPowerFactor(state_.CurrentConfig); };
@@ -110,6 +134,11 @@ OperatingPointsHooks Session::operatingPointsHooks() {
     return options_.isChecked("display_calculation_complete_message");
   };
   hooks.selectVoltageMode = [this] { return selectVoltageMode(); };
+  hooks.isGraphWanted = [this] {
+    return options_.isChecked("display_graph_op_after_calculate") ||
+           graph_operating_points_.visible();
+  };
+  hooks.drawGraph = [this] { drawGraph(); };
   return hooks;
 }
 
@@ -119,11 +148,18 @@ SimpleHooks Session::simpleHooks() {
     browser_.StartBrowser(slot, current);
   };
   hooks.configure_enforcesettings = [this] { options_.configure_enforcesettings(); };
-  hooks.calculateOperatingPoints = [this] { return operating_points_.Calculate(false); };
-  hooks.calculateInductors = [this] { return inductor_.Calculate(true); };
-  hooks.calculateTransformer = [this] { return transformer_.Calculate(true); };
-  hooks.resetCalculator = [this] { return calculator_.Reset(true); };
-  hooks.calculateComponents = [this] { return calculator_.CalculateComponents(true, false); };
+  // Dialogs and progress calls let events in: nothing else may start while a step runs.
+  const auto step = [this](auto calculate) {
+    return [this, calculate] {
+      const Raised busy(busy_);
+      return calculate();
+    };
+  };
+  hooks.calculateOperatingPoints = step([this] { return operating_points_.Calculate(false); });
+  hooks.calculateInductors = step([this] { return inductor_.Calculate(true); });
+  hooks.calculateTransformer = step([this] { return transformer_.Calculate(true); });
+  hooks.resetCalculator = step([this] { return calculator_.Reset(true); });
+  hooks.calculateComponents = step([this] { return calculator_.CalculateComponents(true, false); });
   hooks.clearComputedComponents = [this] { bom_store_.clear(); };
   hooks.isBusy = [this] { return busy_; };
   hooks.setBusy = [this](bool busy) { busy_ = busy; };
@@ -140,8 +176,15 @@ AdvancedCommands Session::advancedCommands() {
     const Raised busy(busy_);
     operating_points_.Calculate(true);
   };
-  commands.designInductors = [this] { inductor_.Calculate(true); };
-  commands.designTransformer = [this] { transformer_.Calculate(true); };
+  commands.DrawGraph = [this] { drawGraph(); };
+  commands.designInductors = [this] {
+    const Raised busy(busy_);
+    inductor_.Calculate(true);
+  };
+  commands.designTransformer = [this] {
+    const Raised busy(busy_);
+    transformer_.Calculate(true);
+  };
   commands.calculateComponents = [this] {
     const Raised busy(busy_);
     calculator_.CalculateApart();
@@ -154,9 +197,11 @@ AdvancedCommands Session::advancedCommands() {
 CalculationHistoryHooks Session::historyHooks() {
   CalculationHistoryHooks hooks;
   hooks.configDescription = [this] { return details_.ConfigDetails(kConfigName); };
+  hooks.itemName = [this](int slot) { return selectionFullName(slot); };
   hooks.selectItem = [this](int slot, std::int32_t id) {
     return browser_.ItemSelect(true, slot, id, false, false, true);
   };
+  hooks.DrawGraph = [this] { drawGraph(); };
   return hooks;
 }
 
@@ -180,6 +225,9 @@ ProjectHooks Session::projectHooks() {
   hooks.relabelAdvanced = [this] { advanced_.relabel_brightness(); };
   hooks.set_frames_from_tabstrips = [this] { advanced_.set_frames_from_tabstrips(); };
   hooks.set_layout = [this] { advanced_.set_layout(); };
+  hooks.reloadGraphOperatingPoints = [this](bool redraw) {
+    if (redraw) drawGraph();
+  };
   hooks.linkTimes = [this](bool on) { calculator_.linkTimes(on); };
   return hooks;
 }
@@ -191,8 +239,14 @@ BillHooks Session::billHooks() {
   return hooks;
 }
 
+void Session::drawGraph() {
+  graph_operating_points_.caption(graph_op_.caption());
+  graph_operating_points_.notifyLayoutChanged();
+}
+
 void Session::openFollowUps() {
-  if (options_.isChecked("display_bom")) bill_.setup_bom();
+  // A circuit without any component has nothing to show; the bill would ask to calculate again.
+  if (options_.isChecked("display_bom") && !bom_store_.isEmpty()) bill_.setup_bom();
 }
 
 }  // namespace vantrel

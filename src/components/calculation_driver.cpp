@@ -66,11 +66,18 @@ bool ComponentEngine::run(bool full_bom, bool outputs_only) {
   services.missing.Reset();
   context_.series = view_.series ? view_.series() : std::int32_t{kSeriesE24};
   services.advanced.prepare_calculation_data();
-  if (!outputs_only) logStart(info, full_bom);
-  addStages(info, full_bom, outputs_only);
-  if (!outputs_only) return calculate();
-  listOutputs();
-  return false;
+  if (outputs_only) {
+    // A mere listing must not stand behind the lines of the last calculation.
+    const bool kept = services.log.keepsLines();
+    services.log.keepLines(false);
+    addStages(info, full_bom, true);
+    services.log.keepLines(kept);
+    listOutputs();
+    return false;
+  }
+  logStart(info, full_bom);
+  addStages(info, full_bom, false);
+  return calculate();
 }
 
 /// Opens the log afresh for this run.

@@ -1,6 +1,7 @@
 #include "magnetics/core_table.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/fault.h"
 #include "selection/record_fields.h"
@@ -12,8 +13,7 @@ namespace {
 constexpr std::string_view kStatement =
     "select * from [INDUCTOR:Core Types] order by [Winding Area] ASC";
 
-/// A row that the user left incomplete must not take the others with it, so what is no number
-/// counts as 0; a design that gets to such a core divides by it and fails.
+/// What is no number counts as 0.
 double number(const RecordSet& row, std::string_view field) {
   const Variant value = adoaccess_class::rs_get(row, field);
   return value.is_numeric() ? to_double(value) : 0.0;
@@ -28,6 +28,12 @@ CoreType core_of(const RecordSet& row) {
           .max_gap = number(row, "Maximum Allowable Gap")};
 }
 
+/// A row that the user left incomplete has no formula that it could enter, and must not take the
+/// other cores with it.
+bool is_complete(const CoreType& core) {
+  return core.le > 0 && core.ae > 0 && core.factor > 0 && core.winding_area > 0;
+}
+
 }  // namespace
 
 const std::vector<CoreType>* CoreTable::cores() { return cores_.empty() ? Reread() : &cores_; }
@@ -36,7 +42,9 @@ const std::vector<CoreType>* CoreTable::Reread() {
   cores_.clear();
   RecordSet rows;
   if (!database_.read(kStatement, rows)) return nullptr;
-  for (; adoaccess_class::RSOK(rows); rows.MoveNext()) cores_.push_back(core_of(rows));
+  for (; adoaccess_class::RSOK(rows); rows.MoveNext()) {
+    if (CoreType core = core_of(rows); is_complete(core)) cores_.push_back(std::move(core));
+  }
   return &cores_;
 }
 

@@ -55,7 +55,7 @@ std::int32_t CalculationHistory::AddCalculationRecord() {
   record.description =
       "#" + number + " - " + (hooks_.configDescription ? hooks_.configDescription() : "");
   for (const int slot : {kSlotIc, kSlotInput, kSlotLamp}) {
-    record.description += ", " + bar_.GetInfoName(slot);
+    record.description += ", " + (hooks_.itemName ? hooks_.itemName(slot) : bar_.GetInfoName(slot));
   }
   for (int slot = 0; slot < kSlotCount; ++slot) {
     record.items[static_cast<std::size_t>(slot)] = bar_.GetInfo(slot);

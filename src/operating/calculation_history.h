@@ -39,6 +39,8 @@ std::vector<FieldSnapshot> snapshot_of(const Screen& screen);
 /// What the history has done by other parts of the program. An empty callable does nothing.
 struct CalculationHistoryHooks {
   std::function<std::string()> configDescription;  ///< Description of the lamp configuration.
+  /// Full name of the selected item of a slot; the bar's short name is taken without it.
+  std::function<std::string(int slot)> itemName;
   /// Selects an item without calculating and without rechecking the other slots; false when the
   /// item is not on offer. Without it nothing can be shown.
   std::function<bool(int slot, std::int32_t id)> selectItem;

@@ -184,6 +184,8 @@ class control_bar {
   struct OwnCommand;
 
   int say(std::string_view text, int type = kMessageOk, int severity = kSeverityFromType);
+  /// True for a command that the bar has and that is disabled.
+  bool is_disabled(std::string_view key) const;
   bool run(const std::string& command, const std::string& argument);
   void showAboutScreen();
   void checkForUpdate();

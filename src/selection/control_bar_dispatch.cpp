@@ -41,9 +41,16 @@ void control_bar::execute_command(std::string command, std::string argument, boo
     command.erase(star);
   }
   if (command != "c_quit" && hooks_.isBusy && hooks_.isBusy()) return;
+  if (is_disabled(command)) return;
   if (hooks_.ownerHandler) hooks_.ownerHandler(command, argument, handled);
   // An owner that prints by itself has done so: the bar would print a second time.
   if (!handled) handled = run(command, argument);
+}
+
+bool control_bar::is_disabled(std::string_view key) const {
+  const auto carries = [key](const BarCommand& one) { return one.key == key; };
+  const auto first = std::find_if(commands_.begin(), commands_.end(), carries);
+  return first != commands_.end() && !is_enabled(key);
 }
 
 bool control_bar::run(const std::string& command, const std::string& argument) {

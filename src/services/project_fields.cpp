@@ -27,19 +27,27 @@ void set_unrounded(VTLValue& field, const std::string& text) {
   field.ValueRoundDecPlaces(places);
 }
 
+/// The calculator's output rows are numbers in one design and texts in another, such as a part's
+/// name.
+constexpr std::string_view kOutputRow = "CC_ShowOutputs";
+
+void settle_output_row(VTLValue& row, bool is_number) {
+  row.StyleType(is_number ? kLockedPrefixed : kLocked);
+  row.ValueType(is_number ? kNumeric : kTextual);
+}
+
+/// The list of the history belongs to the run: where it has rows they are other calculations.
+constexpr std::string_view kHistoryList = "CalculationPulldown";
+
 bool apply_value(const DesignScreens& screens, const ValueRecord& record) {
   VTLValue* const field =
       screens[record.screen]->findField(record.name, record.index < 0 ? -1 : record.index);
   if (field == nullptr) return false;
   const std::string number = trimmed(record.text);
-  bool numeric = field->ValueType() == kNumeric;
-  if (numeric && !number.empty() && !parse_number(number)) {
-    // Only a result can be a number in one design and a text in another, such as a part's name.
-    if (field->StyleType() == kInput) return false;
-    field->StyleType(kLocked);
-    field->ValueType(kTextual);
-    numeric = false;
-  }
+  const bool is_number = number.empty() || parse_number(number).has_value();
+  if (field->Name() == kOutputRow) settle_output_row(*field, is_number);
+  const bool numeric = field->ValueType() == kNumeric;
+  if (numeric && !is_number) return false;
   field->SetFixed(record.fixed);
   if (numeric) {
     set_unrounded(*field, number);
@@ -53,6 +61,7 @@ bool apply_list(const DesignScreens& screens, const ListRecord& record) {
   PullDown* const list = screens[record.screen]->findPullDown(record.name, record.index);
   if (list == nullptr) return false;
   if (record.selected < -1) return false;
+  if (list->name == kHistoryList && !list->items.empty()) return true;
   if (!list->items.empty() && record.selected >= static_cast<int>(list->items.size())) return false;
   list->selected = record.selected;
   return true;

@@ -22,8 +22,8 @@ std::vector<ListRecord> collect_lists(const DesignScreens& screens);
 
 /// Puts values back into their fields, with their change events. A value comes back as it was
 /// saved: the products of a lamp configuration carry more digits than their fields show. Gives how
-/// many records had no place: the field is missing, or is a numeric input and the text is no
-/// number. A numeric result takes a text by becoming a textual one.
+/// many records had no place: the field is missing, or is numeric and the text is no number. The
+/// output rows of the calculator take either.
 std::size_t apply_values(const DesignScreens& screens, std::span<const ValueRecord> records);
 /// Selects the rows of pull-down lists. Gives how many records had no place: the list is missing,
 /// or has no such row. A list without any rows, such as the history of a fresh run, takes any row

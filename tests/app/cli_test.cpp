@@ -83,6 +83,10 @@ TEST(Cli, WritesTheFilesOfADesign) {
   std::string header;
   std::getline(bill, header);
   EXPECT_EQ(header, "Qty,Type,Value,Rating,Tolerance,Reference\r");
+  std::ifstream graph(folder / "operating-points.svg");
+  std::string svg((std::istreambuf_iterator<char>(graph)), {});
+  EXPECT_NE(svg.find("Ignition"), std::string::npos);
+  EXPECT_TRUE(std::filesystem::exists(folder / "operating-points.png"));
   EXPECT_EQ(run(bench, "design --out /dev/null/x").status, 3);
 }
 

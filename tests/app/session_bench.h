@@ -7,6 +7,7 @@
 
 #include "app/session.h"
 #include "core/plain_ports.h"
+#include "platform/picture_export.h"
 #include "support/fixtures.h"
 
 namespace vantrel {
@@ -27,7 +28,15 @@ class SessionBench {
   Session& make(const char* version = kVersion) {
     session = std::make_unique<Session>(
         ProgramFolder(home.path()),
-        SessionPorts{settings, clock, sound, pump, [] { return std::make_unique<ManualTimer>(); }},
+        SessionPorts{.settings = settings,
+                     .clock = clock,
+                     .sound = sound,
+                     .pump = pump,
+                     .makeTimer = [] { return std::make_unique<ManualTimer>(); },
+                     .writePicture =
+                         [this](const auto& file, const Picture& picture) {
+                           return pictures.write(file, picture);
+                         }},
         version);
     return *session;
   }
@@ -49,6 +58,7 @@ class SessionBench {
   SteadyClock clock;
   SilentSound sound;
   NoEvents pump;
+  PictureExport pictures;
   std::unique_ptr<Session> session;
 };
 

@@ -76,6 +76,7 @@ class HistoryTest : public OperatingFixture {
       bar,
       messages,
       {.configDescription = [] { return "Single lamp"; },
+       .itemName = {},
        .selectItem = [this](int slot, std::int32_t id) { return select(slot, id); },
        .DrawGraph = [this] { ++drawn; }}};
 };

@@ -34,6 +34,7 @@ class CalculationLog {
 
   /// Whether lines are kept in memory for the viewer.
   void keepLines(bool keep) { keep_ = keep; }
+  bool keepsLines() const { return keep_; }
   const std::vector<std::string>& lines() const { return lines_; }
   void clearLines() { lines_.clear(); }
 

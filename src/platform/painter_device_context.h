@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QFont>
+
+#include "core/device_context.h"
+
+class QPainter;
+
+namespace vantrel {
+
+/// Draws through a painter: on a window, a printer page or a picture. The painter is set up by the
+/// caller so that one of its units is a pixel of 1/96 inch, and outlives this.
+class PainterDeviceContext : public DeviceContext {
+ public:
+  PainterDeviceContext(QPainter& painter, Size size);
+
+  Size size() const override { return size_; }
+  Size textExtent(std::string_view words) override;
+
+ private:
+  void drawPolyline(std::span<const Point> points) override;
+  void drawPolygon(std::span<const Point> points) override;
+  void drawRectangle(const Box& box) override;
+  void drawEllipse(const Box& box) override;
+  void drawText(Point at, std::string_view words) override;
+  /// Hands pen, brush, font and clip over when they have changed.
+  void settle();
+
+  QPainter& painter_;
+  Size size_;
+};
+
+}  // namespace vantrel
