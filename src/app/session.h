@@ -55,7 +55,7 @@ struct SessionPorts {
   std::function<std::unique_ptr<Timer>()> makeTimer;
   FileDialogs* dialogs = nullptr;
   ShellOpen* shell = nullptr;
-  PictureWriter writePicture;
+  PictureWriter writePicture = {};
 };
 
 /// The composition root: makes every object of a run, wires them together, and brings the run up
