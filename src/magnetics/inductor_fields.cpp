@@ -38,14 +38,14 @@ constexpr FieldSpec kFields[] = {
 
 FieldSpec member(const FieldSpec& field, int index) {
   const InductorTraits& traits = inductor_traits(index);
-  FieldSpec spec = field;
-  spec.index = index;
-  spec.frame = field.style == kInput ? traits.input_frame : traits.result_frame;
+  FieldSpec row = field;
+  row.index = index;
+  row.frame = field.style == kInput ? traits.input_frame : traits.result_frame;
   if (field.name == kPeakCurrent) {
-    spec.label = traits.peak_label;
-    spec.tooltip = traits.peak_tooltip;
+    row.label = traits.peak_label;
+    row.tooltip = traits.peak_tooltip;
   }
-  return spec;
+  return row;
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ std::int32_t special_of_any(const Variant& /*a*/) { return 9; }
 double divide(double a, double b) { return a / b; }
 Variant full() { return Variant::Array{kTagValue, 3.3, kTagRating, "5 W", kTagTolerance, "1 %"}; }
 Variant rate() { return rating_result("2 A"); }
-Variant part() { return "Part 7"; }
+Variant part() { return "Chip 7"; }
 Variant tenth() { return 0.1F; }
 Variant truth() { return true; }
 Variant bad_rating() { return Variant::Array{kTagValue, 1.0, kTagRating, 5.0}; }

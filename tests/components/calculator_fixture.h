@@ -48,7 +48,7 @@ class RecordedBill : public BillStore {
 ///     Any  divide(a,b)   value a / b; traps its own failure
 ///     Any  full()        value 3.3, rating "5 W", tolerance "1 %"
 ///     Any  rate()        rating "2 A" alone
-///     Any  part()        the bare text "Part 7"
+///     Any  part()        the bare text "Chip 7"
 ///     Any  tenth()       the bare 32-bit number 0.1
 ///     Any  truth()       a bare Boolean
 ///     Any  bad_rating(), bad_tolerance(), bad_tag()   faulty arrays

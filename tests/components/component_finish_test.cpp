@@ -111,9 +111,9 @@ TEST_F(ComponentFinishTest, TextsAreNotMatched) {
   describe("X1", {{"MNR", true}, {"MNC", true}});
   callRule("X1", "part", {});
   EXPECT_TRUE(run());
-  EXPECT_EQ(value("X1"), "String Part 7");
+  EXPECT_EQ(value("X1"), "String Chip 7");
   EXPECT_TRUE(takeMessages().empty());
-  EXPECT_EQ(bill.lines, Texts{"Resistor | Part 7 |  |  | X1"});
+  EXPECT_EQ(bill.lines, Texts{"Resistor | Chip 7 |  |  | X1"});
 }
 
 TEST_F(ComponentFinishTest, ARatingAloneLeavesTheValueToBeMatched) {

@@ -84,7 +84,7 @@ TEST_F(FunctionCallsTest, StoresResultsAndTellsFailures) {
       {"part",
        {},
        true,
-       "String Part 7, , , True",
+       "String Chip 7, , , True",
        {"Calling function Chip.part (p)", "Calling function Any.part (p)", "Results are : "},
        {}},
       // A bare 32-bit number becomes the 64-bit number of its text and stays open.
