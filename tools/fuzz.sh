@@ -8,8 +8,10 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 command -v clang++ >/dev/null || { echo "clang++ is not installed"; exit 77; }
 
-# The folders below src whose sources a target needs, without their subfolders.
+# The folders below src whose sources a target needs, without their subfolders; or the start of the
+# names of some sources of a folder.
 declare -A sources=(
+  [metafile]="services/messages core outputs/metafile outputs/validate_schematic_texts"
   [project_reader]="services/messages core services"
   [script_host]="services/messages core components/script"
 )
@@ -29,7 +31,8 @@ export FLAGS="-std=c++20 -g -O1 -fsanitize=fuzzer-no-link,address,undefined \
 list_sources() {
   local folder file
   for folder in ${sources[$1]}; do
-    for file in "src/$folder"/*.cpp; do
+    for file in "src/$folder"/*.cpp "src/$folder"*.cpp; do
+      [ -f "$file" ] || continue
       printf '%s\0%s\0' "$file" "$out/$1/objects/${file//\//_}.o"
     done
   done

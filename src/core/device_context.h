@@ -46,6 +46,14 @@ struct Box {
   friend bool operator==(const Box&, const Box&) = default;
 };
 
+/// Where two boxes overlap; without size when they do not.
+inline Box common_part(const Box& a, const Box& b) {
+  const double left = std::max(a.left, b.left);
+  const double top = std::max(a.top, b.top);
+  return {left, top, std::max(0.0, std::min(a.right(), b.right()) - left),
+          std::max(0.0, std::min(a.bottom(), b.bottom()) - top)};
+}
+
 struct Pen {
   Colour colour;
   double width = 1;
@@ -73,10 +81,15 @@ struct TextAlign {
   friend bool operator==(const TextAlign&, const TextAlign&) = default;
 };
 
+/// Which parts inside crossing outlines are filled: those that an odd number of lines surrounds, or
+/// all that the lines go round.
+enum class FillRule { EvenOdd, Winding };
+
 /// Everything that steers how the next shape looks.
 struct DrawingState {
   std::optional<Pen> pen = Pen{};
   std::optional<Colour> brush;  ///< Fill of closed shapes; nothing for no fill.
+  FillRule fillRule = FillRule::EvenOdd;
   Font font;
   Colour textColour;
   TextAlign textAlign;
@@ -96,6 +109,7 @@ class DeviceContext {
   void setNoPen() { change().pen.reset(); }
   void setBrush(Colour colour) { change().brush = colour; }
   void setNoBrush() { change().brush.reset(); }
+  void setFillRule(FillRule rule) { change().fillRule = rule; }
   void setFont(const Font& font) { change().font = font; }
   void setTextColour(Colour colour) { change().textColour = colour; }
   void setTextAlign(TextAlign align) { change().textAlign = align; }
@@ -103,7 +117,7 @@ class DeviceContext {
   /// is exported cuts its lines itself.
   void clip(const Box& box) {
     std::optional<Box>& present = change().clip;
-    present = present ? common(*present, box) : box;
+    present = present ? common_part(*present, box) : box;
   }
   /// Keeps the present state until the matching `restore`.
   void save() { saved_.push_back(state_); }
@@ -124,6 +138,8 @@ class DeviceContext {
   /// One continuous line; a dash pattern runs on through its corners.
   void polyline(std::span<const Point> points) { drawPolyline(points); }
   void polygon(std::span<const Point> points) { drawPolygon(points); }
+  /// Closed outlines that are filled as one shape.
+  void polyPolygon(std::span<const std::vector<Point>> outlines) { drawPolyPolygon(outlines); }
   void rectangle(const Box& box) { drawRectangle(box); }
   void ellipse(const Box& box) { drawEllipse(box); }
   /// One line of UTF-8 text.
@@ -139,6 +155,7 @@ class DeviceContext {
  private:
   virtual void drawPolyline(std::span<const Point> points) = 0;
   virtual void drawPolygon(std::span<const Point> points) = 0;
+  virtual void drawPolyPolygon(std::span<const std::vector<Point>> outlines) = 0;
   virtual void drawRectangle(const Box& box) = 0;
   virtual void drawEllipse(const Box& box) = 0;
   virtual void drawText(Point at, std::string_view words) = 0;
@@ -146,12 +163,6 @@ class DeviceContext {
   DrawingState& change() {
     changed_ = true;
     return state_;
-  }
-  static Box common(const Box& a, const Box& b) {
-    const double left = std::max(a.left, b.left);
-    const double top = std::max(a.top, b.top);
-    return {left, top, std::max(0.0, std::min(a.right(), b.right()) - left),
-            std::max(0.0, std::min(a.bottom(), b.bottom()) - top)};
   }
 
   DrawingState state_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -55,6 +56,8 @@ class FileDialogs {
                                              std::string_view proposed) = 0;
   virtual std::optional<std::string> askOpen(std::string_view title, std::string_view filter,
                                              std::string_view proposed) = 0;
+  /// Asks for an existing folder. Without folders to choose from there is none.
+  virtual std::optional<std::string> askFolder(std::string_view /*title*/) { return std::nullopt; }
 };
 
 /// The desktop's opener of web pages and documents.
@@ -64,6 +67,27 @@ class ShellOpen {
   /// Opens a web address or a local file in the program that the desktop has for it; false when it
   /// cannot. Callers hand over only http and https addresses and files that exist.
   virtual bool open(const std::string& address) = 0;
+};
+
+/// A connection to a server. What happens on it comes in through the callables, on the thread that
+/// made the object; they may be empty. An implementation raises none of them inside its own calls.
+class TcpClient {
+ public:
+  virtual ~TcpClient() = default;
+  /// Begins to connect, from any free port of this machine. A Fault when it cannot even begin.
+  virtual void Connect(const std::string& host, std::uint16_t port) = 0;
+  virtual void SendData(std::string_view bytes) = 0;
+  /// Takes what has arrived since the last call.
+  virtual std::string GetData() = 0;
+  /// Ends the connection, or the attempt at one; nothing is raised for it any more.
+  virtual void Close() = 0;
+  /// 0 when closed, above 0 while connecting or connected.
+  virtual int State() const = 0;
+
+  std::function<void()> onConnected;
+  std::function<void()> onDataArrival;
+  std::function<void()> onClosed;  ///< The server has ended the connection.
+  std::function<void(const std::string& description)> onError;
 };
 
 /// Lets queued screen events run inside a long calculation.

@@ -82,6 +82,12 @@ void RecordingDeviceContext::drawPolygon(std::span<const Point> points) {
   keep(DrawingCall::Kind::Polygon, points);
 }
 
+void RecordingDeviceContext::drawPolyPolygon(std::span<const std::vector<Point>> outlines) {
+  for (const std::vector<Point>& outline : outlines) {
+    keep(DrawingCall::Kind::PolyPolygon, outline);
+  }
+}
+
 void RecordingDeviceContext::drawRectangle(const Box& box) {
   const Point corners[] = {{box.left, box.top}, {box.right(), box.bottom()}};
   keep(DrawingCall::Kind::Rectangle, corners);

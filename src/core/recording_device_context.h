@@ -10,9 +10,10 @@
 namespace vantrel {
 
 /// One drawn shape and the state it was drawn in. A rectangle and an ellipse have the two opposite
-/// corners of their box as points, a text its position.
+/// corners of their box as points, a text its position. Each outline of a poly-polygon is a call of
+/// its own.
 struct DrawingCall {
-  enum class Kind { Polyline, Polygon, Rectangle, Ellipse, Text };
+  enum class Kind { Polyline, Polygon, PolyPolygon, Rectangle, Ellipse, Text };
   Kind kind;
   std::vector<Point> points;
   std::string text;
@@ -40,6 +41,7 @@ class RecordingDeviceContext : public DeviceContext {
  private:
   void drawPolyline(std::span<const Point> points) override;
   void drawPolygon(std::span<const Point> points) override;
+  void drawPolyPolygon(std::span<const std::vector<Point>> outlines) override;
   void drawRectangle(const Box& box) override;
   void drawEllipse(const Box& box) override;
   void drawText(Point at, std::string_view words) override;

@@ -68,12 +68,17 @@ void bill_of_materials::clear() {
   caption(kCaption);
 }
 
-void bill_of_materials::fill() {
-  grid_.rows.clear();
+std::vector<TableRow> bill_of_materials::storedRows() const {
+  std::vector<TableRow> rows;
   for (const BillRecord& line : store_.BomComponents()) {
-    grid_.rows.push_back({general_text(line.qty), line.type, line.value, line.rating,
-                          line.tolerance, line.reference});
+    rows.push_back({general_text(line.qty), line.type, line.value, line.rating, line.tolerance,
+                    line.reference});
   }
+  return rows;
+}
+
+void bill_of_materials::fill() {
+  grid_.rows = storedRows();
   const std::string target = hooks_.targetName ? hooks_.targetName() : "";
   caption(target + " Bill Of Materials (" + std::to_string(grid_.rows.size()) + " items)");
 }

@@ -38,6 +38,9 @@ class bill_of_materials : public Screen {
   /// show in the end.
   bool setup_bom();
 
+  /// True while the grid shows the components that were calculated last.
+  bool isCurrent() const { return grid_.rows == storedRows(); }
+
   /// The grid as files take it: "." in all numbers.
   const TableGrid& grid() const { return grid_; }
   /// A cell as the screen shows it: values and ratings with the decimal separator of the locale.
@@ -58,6 +61,7 @@ class bill_of_materials : public Screen {
   bool execute_command(std::string_view key);
 
  private:
+  std::vector<TableRow> storedRows() const;
   bool calculateNow();
   void fill();
   void clear();

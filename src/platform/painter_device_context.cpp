@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPen>
 #include <QPointF>
 #include <QPolygonF>
@@ -37,6 +38,10 @@ QPen qt(const Pen& pen) {
     result.setDashPattern(pattern);
   }
   return result;
+}
+
+Qt::FillRule qt(FillRule rule) {
+  return rule == FillRule::Winding ? Qt::WindingFill : Qt::OddEvenFill;
 }
 
 QFont qt(const Font& font) {
@@ -100,7 +105,18 @@ void PainterDeviceContext::drawPolyline(std::span<const Point> points) {
 
 void PainterDeviceContext::drawPolygon(std::span<const Point> points) {
   settle();
-  painter_.drawPolygon(qt(points));
+  painter_.drawPolygon(qt(points), qt(state().fillRule));
+}
+
+void PainterDeviceContext::drawPolyPolygon(std::span<const std::vector<Point>> outlines) {
+  settle();
+  QPainterPath path;
+  path.setFillRule(qt(state().fillRule));
+  for (const std::vector<Point>& outline : outlines) {
+    path.addPolygon(qt(std::span(outline)));
+    path.closeSubpath();
+  }
+  painter_.drawPath(path);
 }
 
 void PainterDeviceContext::drawRectangle(const Box& box) {

@@ -20,6 +20,7 @@ class PainterDeviceContext : public DeviceContext {
  private:
   void drawPolyline(std::span<const Point> points) override;
   void drawPolygon(std::span<const Point> points) override;
+  void drawPolyPolygon(std::span<const std::vector<Point>> outlines) override;
   void drawRectangle(const Box& box) override;
   void drawEllipse(const Box& box) override;
   void drawText(Point at, std::string_view words) override;

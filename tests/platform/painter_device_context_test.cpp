@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QRect>
 #include <functional>
+#include <vector>
 
 #include "platform/gui_application.h"
 
@@ -58,6 +59,23 @@ TEST_F(Painter, FillsShapesInsideTheClip) {
   EXPECT_EQ(image.pixelColor(25, 20), QColor(Qt::white));  // left of the common part
   EXPECT_EQ(image.pixelColor(35, 50), QColor(Qt::white));  // below it
   EXPECT_EQ(image.pixelColor(85, 85), QColor(255, 0, 0));  // the clip is gone again
+}
+
+TEST_F(Painter, FillsOutlinesTogetherByTheirRule) {
+  const std::vector<Point> outer{{10, 10}, {90, 10}, {90, 90}, {10, 90}};
+  const std::vector<Point> inner{{30, 30}, {70, 30}, {70, 70}, {30, 70}};
+  const std::vector<Point> outlines[] = {outer, inner};
+  for (const FillRule rule : {FillRule::EvenOdd, FillRule::Winding}) {
+    const QImage image = drawn([&](DeviceContext& surface) {
+      surface.setNoPen();
+      surface.setBrush(kRed);
+      surface.setFillRule(rule);
+      surface.polyPolygon(outlines);
+    });
+    EXPECT_EQ(image.pixelColor(20, 20), QColor(255, 0, 0));
+    const QColor hole = rule == FillRule::EvenOdd ? QColor(Qt::white) : QColor(255, 0, 0);
+    EXPECT_EQ(image.pixelColor(50, 50), hole);
+  }
 }
 
 TEST_F(Painter, LinesGoOnFromWhereTheLastEnded) {
