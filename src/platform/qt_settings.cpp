@@ -33,7 +33,9 @@ std::string QtSettings::get(std::string_view section, std::string_view key,
 }
 
 void QtSettings::save(std::string_view section, std::string_view key, std::string_view value) {
-  settings_->setValue(path(section, key), qt(value));
+  const QString name = path(section, key);
+  if (settings_->contains(name) && settings_->value(name).toString() == qt(value)) return;
+  settings_->setValue(name, qt(value));
   settings_->sync();
 }
 
