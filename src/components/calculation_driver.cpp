@@ -165,12 +165,15 @@ void ComponentEngine::finish() {
 void ComponentEngine::stop() {
   context_.log("");
   context_.log("Processing stopped - missing items are ...");
-  std::int32_t number = 0;
+  std::vector<std::string> missing;
   for (const VariableEntry& entry : context_.variables.entries()) {
-    if (is_open(entry)) context_.log(general_text(++number) + " ... " + entry.variablename);
+    if (!is_open(entry)) continue;
+    missing.push_back(entry.variablename);
+    context_.log(general_text(static_cast<std::int32_t>(missing.size())) + " ... " +
+                 entry.variablename);
   }
   context_.log("");
-  if (view_.stopped) view_.stopped(number);
+  if (view_.stopped) view_.stopped(missing);
 }
 
 void ComponentEngine::fillBill() {

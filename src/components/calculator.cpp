@@ -25,6 +25,9 @@ void set_time(VTLValue& field, const Variant& other, double factor, bool divide)
   field.SetValue(divide ? time / factor : time * factor, true);
 }
 
+/// A selection reloads the inputs; what the design screen lacks is gone then.
+constexpr const char* kLostNote = ". A new selection takes a typed value away";
+
 /// More outputs than any circuit of the design database has.
 constexpr int kReservedOutputRows = 64;
 
@@ -49,9 +52,14 @@ EngineView Calculator::view() {
   view.series = [this] { return series(); };
   view.listOutputs = [this](const std::vector<VariableEntry>& sorted) { outputs_.list(sorted); };
   view.showOutputs = [this](const VariableClass& variables) { outputs_.show(variables); };
-  view.started = [this] { status(""); };
-  view.stopped = [this](int missing) {
-    status("Processing stopped - " + general_text(std::int32_t{missing}) + " items missing");
+  view.started = [this] {
+    missing_items_.clear();
+    status("");
+  };
+  view.stopped = [this](const std::vector<std::string>& missing) {
+    missing_items_ = missing;
+    const auto count = static_cast<std::int32_t>(missing.size());
+    status("Processing stopped - " + general_text(count) + " items missing");
   };
   return view;
 }
@@ -62,6 +70,7 @@ void Calculator::addControls() {
   }
   addFrame(kOutputsFrame, "Components");
   addFields(calculator_fields());
+  for (const auto& input : fields()) input->Tooltip(input->Tooltip() + kLostNote);
   outputs_.reserve(kReservedOutputRows);
   addTickBox(kSeriesE12Option, "E12 Series").tooltip =
       "Match components to the 12 preferred values of a decade";
@@ -135,10 +144,10 @@ void Calculator::followPreheat(const Variant& preheat) {
   if (areTimesTied()) set_time(field("cc_ignition_time"), preheat, kIgnitionShare, false);
 }
 
-void Calculator::designBallast() {
+bool Calculator::DesignBallast() {
   const bool inductors = !hooks_.designInductors || hooks_.designInductors();
   const bool transformer = !hooks_.designTransformer || hooks_.designTransformer();
-  if (inductors && transformer) CalculateComponents(true, false);
+  return inductors && transformer && CalculateComponents(true, false);
 }
 
 bool Calculator::command_click(std::string_view button) {
@@ -147,7 +156,7 @@ bool Calculator::command_click(std::string_view button) {
   if (found->name == "find_components") {
     CalculateComponents(false, false);
   } else if (found->name == "design_ballast") {
-    designBallast();
+    DesignBallast();
   } else {
     Reset(true);
   }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "components/bill_store.h"
 #include "components/component_engine.h"
@@ -38,6 +39,8 @@ class Calculator : public Screen {
   /// Calculates all components by an engine of its own, which is gone afterwards: it reads this
   /// screen and fills the same bill, while the outputs and variables here stay.
   bool CalculateApart();
+  /// Designs the magnetics and then calculates all components. True when every part succeeded.
+  bool DesignBallast();
 
   /// The series of preferred values that components are matched to, a PreferredSeries.
   std::int32_t series();
@@ -45,6 +48,9 @@ class Calculator : public Screen {
   /// Whether the preheat and ignition times follow each other on the ICs that tie them; off while
   /// stored values are read back.
   void linkTimes(bool on) { times_linked_ = on; }
+
+  /// Names of the components that the last calculation left open.
+  const std::vector<std::string>& missingItems() const { return missing_items_; }
 
   ComponentEngine& engine() { return engine_; }
   const OutputRows& outputs() const { return outputs_; }
@@ -58,7 +64,6 @@ class Calculator : public Screen {
   void followIgnition(const Variant& ignition);
   void followPreheat(const Variant& preheat);
   bool areTimesTied() const;
-  void designBallast();
   void status(const std::string& text);
 
   CalculatorServices services_;
@@ -67,6 +72,7 @@ class Calculator : public Screen {
   CalculatorHooks hooks_;
   OutputRows outputs_;
   ComponentEngine engine_;
+  std::vector<std::string> missing_items_;
   bool times_linked_ = true;
 };
 

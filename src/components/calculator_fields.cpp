@@ -12,7 +12,7 @@ constexpr const char* kMisc = "frame_misc";
 constexpr CalculatorFrame kFrames[] = {
     {kMisc, "Miscellaneous"},
     {kOperatingPoints, "Operating Points"},
-    {kPreheat, "Preheat"},
+    {kPreheat, "Preheat and Ignition"},
     {kPhaseAngle, "Phase Angle"},
 };
 
@@ -42,7 +42,7 @@ constexpr FieldSpec kFields[] = {
     {"cc_deadtime", "Dead Time", "uSec", "2", kInput, false,
      "Time between the conduction of the two halfbridge switches", kMisc},
     {"cc_ignition_ramp_time", "Ignition Ramp Time", "mSec", "2", kInput, false,
-     "Time in which the frequency falls from preheat to ignition", kMisc},
+     "Time in which the frequency falls from preheat to ignition", kPreheat},
 };
 
 }  // namespace

@@ -26,8 +26,8 @@ struct EngineView {
   std::function<void(const VariableClass&)> showOutputs;
   /// A calculation has begun.
   std::function<void()> started;
-  /// It ended with `missing` variables open.
-  std::function<void(int missing)> stopped;
+  /// It ended with these variables open.
+  std::function<void(const std::vector<std::string>& missing)> stopped;
 };
 
 /// A variable that was calculated by itself, and whether that succeeded.

@@ -52,7 +52,8 @@ Inductor::Inductor(FieldContext& context, Advanced& advanced, InputLoader& loade
       hooks_(std::move(hooks)) {
   for (int index = 0; index < kInductorCount; ++index) {
     const InductorTraits& traits = inductor_traits(index);
-    addFrame(traits.input_frame, traits.caption);
+    addFrame(traits.input_frame, "Inputs");
+    addFrame(traits.core_frame, "Core and Gap");
     addFrame(traits.result_frame, "Results");
   }
   addFields(inductor_fields());

@@ -10,15 +10,17 @@ namespace vantrel {
 namespace {
 
 constexpr std::array<InductorTraits, kInductorCount> kTraits{{
-    {"InductorLRES", "Resonant Inductor", "frame_lres_inputs", "frame_lres_results",
-     "Peak Ignition Current", "Peak current through the inductor during ignition"},
-    {"InductorLPFC", "PFC Inductor", "frame_lpfc_inputs", "frame_lpfc_results", "Max PFC Current",
-     "Peak current through the inductor at the lowest line input voltage"},
+    {"InductorLRES", "Resonant Inductor", "frame_lres_inputs", "frame_lres_core",
+     "frame_lres_results", "Peak Ignition Current",
+     "Peak current through the inductor during ignition"},
+    {"InductorLPFC", "PFC Inductor", "frame_lpfc_inputs", "frame_lpfc_core", "frame_lpfc_results",
+     "Max PFC Current", "Peak current through the inductor at the lowest line input voltage"},
 }};
 
 constexpr std::string_view kPeakCurrent = "ind_peakignitioncurrent";
 
-/// One field of either inductor. Inputs are the fields of style kInput.
+/// One field of either inductor. Inputs are the fields of style kInput; a result that the user can
+/// fix stands beside the core.
 constexpr FieldSpec kFields[] = {
     // Name, label, unit, places, style, tick, tooltip.
     {"ind_inductance", "Inductance", "mH", "2", kInput, false, "Required inductance"},
@@ -40,7 +42,9 @@ FieldSpec member(const FieldSpec& field, int index) {
   const InductorTraits& traits = inductor_traits(index);
   FieldSpec row = field;
   row.index = index;
-  row.frame = field.style == kInput ? traits.input_frame : traits.result_frame;
+  row.frame = field.style == kInput ? traits.input_frame
+              : field.tick          ? traits.core_frame
+                                    : traits.result_frame;
   if (field.name == kPeakCurrent) {
     row.label = traits.peak_label;
     row.tooltip = traits.peak_tooltip;

@@ -15,7 +15,8 @@ inline constexpr int kInductorCount = 2;
 struct InductorTraits {
   const char* load_id;  ///< Of the rows that load its inputs.
   const char* caption;
-  const char* input_frame;
+  const char* input_frame;  ///< The one that a load fills.
+  const char* core_frame;
   const char* result_frame;
   const char* peak_label;  ///< Of its peak current.
   const char* peak_tooltip;

@@ -13,6 +13,7 @@ namespace vantrel {
 namespace {
 
 constexpr const char* kInputFrame = "frame_inputs";
+constexpr const char* kCoreFrame = "frame_core";
 constexpr const char* kResultFrame = "frame_results";
 
 constexpr FieldSpec kFields[] = {
@@ -64,6 +65,7 @@ Transformer::Transformer(FieldContext& context, Advanced& advanced, InputLoader&
       cores_(cores),
       hooks_(std::move(hooks)) {
   addFrame(kInputFrame, "Inputs");
+  addFrame(kCoreFrame, "Core");
   addFrame(kResultFrame, "Results");
   addFields(kFields);
   addTickBox("tfr_fixcoresize", "Fix Core Size");

@@ -133,6 +133,15 @@ void Advanced::set_frames_from_tabstrips() {
   notifyLayoutChanged();
 }
 
+void Advanced::showFrame(std::string_view frame) {
+  for (const AdvancedFrame& row : advanced_frames()) {
+    if (!equal_ignoring_case(row.name, frame)) continue;
+    (row.input ? input_tabstrip : output_tabstrip).selected = row.tab;
+    set_frames_from_tabstrips();
+    return;
+  }
+}
+
 void Advanced::show_tabstrip_for_selection(int slot) {
   if (slot == kSlotIc || slot == kSlotInput) {
     input_tabstrip.selected = 0;

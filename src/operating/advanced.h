@@ -66,6 +66,8 @@ class Advanced : public Screen {
   void set_frames_from_tabstrips();
   /// Brings up the input tab that holds the values of a selection slot.
   void show_tabstrip_for_selection(int slot);
+  /// Brings up the tab that holds a frame; a frame on no tab is left alone.
+  void showFrame(std::string_view frame);
   /// The screen's title, with the selected line of the history behind it once there is a
   /// calculation.
   void SetCaption();

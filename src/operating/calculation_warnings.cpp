@@ -71,8 +71,9 @@ std::string limit_text(const WarningCase& c) {
 }
 
 bool ignition_too_low(const WarningCase& c) {
-  const auto raised = static_cast<float>(static_cast<double>(c.block.FIgnition) + 1300.0);
-  return ignition_row(c.target) != nullptr && !(raised > c.block.FRun);
+  const auto raised =
+      static_cast<float>(static_cast<double>(c.block.FIgnition) + kIgnitionTolerance);
+  return must_ignite_above_run(c.target) && !(raised > c.block.FRun);
 }
 
 using Test = bool (*)(const WarningCase&);
@@ -118,6 +119,8 @@ constexpr WarningRow kWarnings[] = {
 };
 
 }  // namespace
+
+bool must_ignite_above_run(std::int32_t target) { return ignition_row(target) != nullptr; }
 
 CalculationWarnings calculation_warnings(const WarningCase& finished) {
   CalculationWarnings warnings;

@@ -21,6 +21,11 @@ struct CalculationWarnings {
   bool canRetryVoltageMode = false;  ///< Voltage-mode preheat may help.
 };
 
+/// Hz by which ignition may lie below run before it counts as too low.
+inline constexpr double kIgnitionTolerance = 1300;
+/// True for an IC that cannot run above its ignition frequency.
+bool must_ignite_above_run(std::int32_t target);
+
 /// Judges a finished calculation.
 CalculationWarnings calculation_warnings(const WarningCase& finished);
 

@@ -70,12 +70,22 @@ void Simple::MainButton_Click(int index) {
   }
 }
 
+bool Simple::step(bool wanted, const std::function<bool()>& hook) {
+  if (!wanted || !hook) return true;
+  ++steps_begun_;
+  return hook();
+}
+
 bool Simple::calculate_simple(bool operating_points, bool inductors, bool transformer,
                               bool components) {
   run(hooks_.configure_enforcesettings);
-  const auto step = [](bool wanted, const std::function<bool()>& hook) {
-    return !wanted || !hook || hook();
-  };
+  steps_begun_ = 0;
+  const bool succeeded = runChain(operating_points, inductors, transformer, components);
+  steps_begun_ = 0;
+  return succeeded;
+}
+
+bool Simple::runChain(bool operating_points, bool inductors, bool transformer, bool components) {
   if (!step(operating_points, hooks_.calculateOperatingPoints)) return false;
   if (!step(inductors, hooks_.calculateInductors)) return false;
   if (!step(transformer, hooks_.calculateTransformer)) return false;

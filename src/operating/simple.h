@@ -68,6 +68,8 @@ class Simple : public Screen {
   /// has succeeded. Without permission to calculate components the chain ends in front of them.
   /// The result is the success of the last step reached.
   bool calculate_simple(bool operating_points, bool inductors, bool transformer, bool components);
+  /// True while a step of the chain runs that follows another one of the same run.
+  bool isContinuing() const { return steps_begun_ > 1; }
 
   /// Runs the chain for every combination of what may be selected: the IC changes slowest, the lamp
   /// configuration fastest. A failure is shown and the walk goes on. False when it was cancelled,
@@ -82,6 +84,8 @@ class Simple : public Screen {
   void ShowSimpleScreen();
 
  private:
+  bool step(bool wanted, const std::function<bool()>& hook);
+  bool runChain(bool operating_points, bool inductors, bool transformer, bool components);
   bool walkCombinations();
   bool selectFrom(int slot, int position);
   bool advanceSelection();
@@ -93,6 +97,7 @@ class Simple : public Screen {
   SimpleHooks hooks_;
   std::array<int, kSlotCount> walk_{};  ///< Place in the list of each slot.
   bool test_cancelled_ = false;
+  int steps_begun_ = 0;  ///< Of the run under way, 0 outside one.
 };
 
 }  // namespace vantrel
