@@ -2,7 +2,10 @@
 
 #include <unordered_map>
 
+#include "app/automation_explain.h"
 #include "app/automation_ops.h"
+#include "app/automation_time_domain.h"
+#include "app/automation_view.h"
 
 namespace vantrel {
 
@@ -23,6 +26,13 @@ const std::unordered_map<std::string, Operation>& operations() {
       {"design_inductor", op_design_inductor},
       {"design_transformer", op_design_transformer},
       {"convert", op_convert},
+      {"explain", op_explain},
+      {"time_domain", op_time_domain},
+      {"samples", op_samples},
+      {"envelope", op_envelope},
+      {"find_item", op_find_item},
+      {"view", op_view},
+      {"measure", op_measure},
       {"dump", op_dump},
       {"history", op_history},
       {"command", op_command},

@@ -1,33 +1,40 @@
 #include <unordered_map>
 
 #include "app/automation_ops.h"
+#include "app/automation_time_domain.h"
 
 namespace vantrel {
 
 namespace {
 
-using Calculation = bool (*)(Session&, const Json&);
+/// What a calculation gives: mostly whether it has succeeded.
+using Calculation = Json (*)(Session&, const Json&);
 using Dump = Json (*)(Session&);
+using Operation = Json (*)(Session&, const Json&);
 
 const std::unordered_map<std::string, Calculation>& calculations() {
   static const std::unordered_map<std::string, Calculation> table{
       {"operating-points",
-       [](Session& session, const Json& command) {
+       [](Session& session, const Json& command) -> Json {
          return session.operatingPoints().Calculate(flag_argument(command, "show_results", true));
        }},
       {"simple",
-       [](Session& session, const Json&) {
+       [](Session& session, const Json&) -> Json {
          return session.simple().calculate_simple(true, true, true, true);
        }},
       {"components",
-       [](Session& session, const Json& command) {
+       [](Session& session, const Json& command) -> Json {
          return session.calculator().CalculateComponents(flag_argument(command, "full_bom", true),
                                                          false);
        }},
       {"inductor",
-       [](Session& session, const Json&) { return session.inductor().Calculate(true); }},
+       [](Session& session, const Json&) -> Json { return session.inductor().Calculate(true); }},
       {"transformer",
-       [](Session& session, const Json&) { return session.transformer().Calculate(true); }},
+       [](Session& session, const Json&) -> Json { return session.transformer().Calculate(true); }},
+      {"time-domain",
+       [](Session& session, const Json&) -> Json {
+         return session.timeDomainGraph().GenerateTimeDomain();
+       }},
   };
   return table;
 }
@@ -75,6 +82,16 @@ const std::unordered_map<std::string, Dump>& dumps() {
   return table;
 }
 
+/// Dumps that take arguments, or tell more than rows.
+const std::unordered_map<std::string, Operation>& long_dumps() {
+  static const std::unordered_map<std::string, Operation> table{{"stages", op_stages},
+                                                                {"members", op_members},
+                                                                {"samples", op_samples},
+                                                                {"envelope", op_envelope},
+                                                                {"find_item", op_find_item}};
+  return table;
+}
+
 template <typename Table>
 auto entry_of(const Table& table, const std::string& what, const char* kind) {
   const auto entry = table.find(what);
@@ -92,7 +109,10 @@ Json op_calculate(Session& session, const Json& command) {
 }
 
 Json op_dump(Session& session, const Json& command) {
-  return {{"rows", entry_of(dumps(), text_argument(command, "what"), "Dump")(session)}};
+  const std::string what = text_argument(command, "what");
+  const auto long_dump = long_dumps().find(what);
+  if (long_dump != long_dumps().end()) return long_dump->second(session, command);
+  return {{"rows", entry_of(dumps(), what, "Dump")(session)}};
 }
 
 Json op_formula(Session& session, const Json& command) {

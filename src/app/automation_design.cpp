@@ -1,18 +1,21 @@
 #include <unordered_map>
 
 #include "app/automation_ops.h"
+#include "app/automation_time_domain.h"
 
 namespace vantrel {
 
 namespace {
 
-using Export = bool (*)(Session&, const std::string& path);
+using Export = bool (*)(Session&, const Json& command);
 
-bool export_bill(Session& session, const std::string& path) {
+bool export_bill(Session& session, const Json& command) {
+  const std::string path = text_argument(command, "path");
   return session.billOfMaterials().setup_bom() && session.billOfMaterials().ExportTableTo(path);
 }
 
-bool export_graph(Session& session, const std::string& path) {
+bool export_graph(Session& session, const Json& command) {
+  const std::string path = text_argument(command, "path");
   GraphOP& graph = session.operatingPointsGraph();
   if (!graph.inputsAvailable()) throw CommandError(std::string(GraphOP::kMissingText));
   if (const auto why = session.writePicture(path, graph.picture())) throw CommandError(*why);
@@ -21,7 +24,9 @@ bool export_graph(Session& session, const std::string& path) {
 
 const std::unordered_map<std::string, Export>& exports() {
   static const std::unordered_map<std::string, Export> table{{"bom", export_bill},
-                                                             {"operating-points", export_graph}};
+                                                             {"operating-points", export_graph},
+                                                             {"time-domain", export_time_domain},
+                                                             {"spice", export_spice}};
   return table;
 }
 
@@ -66,10 +71,9 @@ Json op_load(Session& session, const Json& command) {
 
 Json op_export(Session& session, const Json& command) {
   const std::string what = text_argument(command, "what");
-  const std::string path = text_argument(command, "path");
   const auto export_it = exports().find(what);
   if (export_it == exports().end()) throw CommandError("Export of '" + what + "' is not built");
-  return {{"result", export_it->second(session, path)}};
+  return {{"result", export_it->second(session, command)}};
 }
 
 Json op_answers(Session& session, const Json& command) {

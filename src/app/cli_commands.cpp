@@ -9,7 +9,6 @@
 #include <unordered_map>
 
 #include "app/automation.h"
-#include "app/design_document.h"
 #include "app/design_summary.h"
 #include "app/exit_status.h"
 #include "selection/browser_control.h"
@@ -43,17 +42,18 @@ std::string message_lines(const SysMsg& messages, std::size_t first) {
 
 }  // namespace
 
-int run_design(CliSession& cli, const SelectionOptions& options, const std::string& folder,
+int run_design(CliSession& cli, const SelectionOptions& options, const DesignOutput& output,
                std::ostream& out, std::ostream& errors) {
   if (!applied(cli, options, errors)) return kExitBadInput;
   Session& session = cli.session();
   cli.keepMessagesQuiet();
   const std::size_t first_message = session.messages().shown().size();
   const bool done = run_chain(session, !options.fixes.empty());
+  const bool simulated = !output.folder.empty() && done && simulate_start(session);
   out << design_summary(session) << message_lines(session.messages(), first_message);
-  if (!folder.empty()) {
+  if (!output.folder.empty()) {
     const std::string why =
-        write_design(session, design_json(session, done, first_message), folder);
+        write_design(session, design_json(session, done, first_message), simulated, output);
     if (!why.empty()) {
       errors << "vantrel-cli: " << why << '\n';
       return kExitBadInput;

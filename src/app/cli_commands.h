@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/cli_session.h"
+#include "app/design_document.h"
 #include "app/selection_options.h"
 
 namespace vantrel {
@@ -11,8 +12,9 @@ namespace vantrel {
 // The commands of vantrel-cli. Each gives its ExitStatus.
 
 /// Applies the options, runs the whole chain, prints the design with its messages below, and writes
-/// the files of the design into `folder` unless that is empty.
-int run_design(CliSession& cli, const SelectionOptions& options, const std::string& folder,
+/// the files of the design unless the folder of `output` is empty; for these its start is
+/// simulated.
+int run_design(CliSession& cli, const SelectionOptions& options, const DesignOutput& output,
                std::ostream& out, std::ostream& errors);
 /// Prints the items of the slot "ic", "input", "lamp" or "config" that the selection allows.
 int run_list(CliSession& cli, const std::string& slot, const SelectionOptions& options,

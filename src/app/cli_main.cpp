@@ -24,12 +24,17 @@ int run(int argc, char** argv) {
   SelectionOptions selection;
   std::string slot;
   std::string script;
-  std::string folder;
+  DesignOutput output;
 
   CLI::App* design = program.add_subcommand("design", "Design a ballast and print the result");
   add_selection_options(*design, selection);
   add_field_options(*design, selection);
-  design->add_option("--out", folder, "Folder for design.json, bom.csv and the pictures");
+  design->add_option("--out", output.folder,
+                     "Folder for design.json, bom.csv, waveforms.csv and the pictures");
+  design
+      ->add_option("--waveform-step", output.waveform_step,
+                   "Write each Nth sample of the waveforms (50 ns apart)")
+      ->check(CLI::PositiveNumber);
 
   CLI::App* list = program.add_subcommand("list", "List what the selection allows");
   list->add_option("slot", slot, "What to list")
@@ -55,7 +60,7 @@ int run(int argc, char** argv) {
   if (sweep->parsed()) return run_sweep(places, sweep_options, std::cerr);
   const auto session = CliSession::start(places, std::cerr);
   if (session == nullptr) return kExitBadInput;
-  if (design->parsed()) return run_design(*session, selection, folder, std::cout, std::cerr);
+  if (design->parsed()) return run_design(*session, selection, output, std::cout, std::cerr);
   if (list->parsed()) return run_list(*session, slot, selection, std::cout, std::cerr);
   return run_script(*session, script, std::cin, std::cout, std::cerr);
 }

@@ -3,8 +3,10 @@
 #include <array>
 
 #include "app/automation_ops.h"
+#include "app/automation_time_domain.h"
 #include "core/file_writer.h"
 #include "outputs/table_export.h"
+#include "waveforms/waveform_table.h"
 
 namespace vantrel {
 
@@ -71,8 +73,16 @@ Json design_json(Session& session, bool complete, std::size_t first_message) {
           {"messages", messages_json(session.messages(), first_message)}};
 }
 
-std::string write_design(Session& session, const Json& design,
-                         const std::filesystem::path& folder) {
+bool simulate_start(Session& session) {
+  if (session.bomStore().isEmpty() || !session.operatingPointsGraph().inputsAvailable()) {
+    return false;
+  }
+  return session.timeDomainGraph().GenerateTimeDomain() != GraphTD::kFailed;
+}
+
+std::string write_design(Session& session, const Json& design, bool simulated,
+                         const DesignOutput& output) {
+  const std::filesystem::path& folder = output.folder;
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   const std::string text = design.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
@@ -84,7 +94,13 @@ std::string write_design(Session& session, const Json& design,
       !why.empty()) {
     return why;
   }
-  return write_graph(session, folder);
+  if (std::string why = write_graph(session, folder); !why.empty() || !simulated) return why;
+  const std::filesystem::path picture = folder / "time-domain.png";
+  if (const auto why = write_time_domain_picture(session, picture)) {
+    return picture.string() + ": " + *why;
+  }
+  return written(folder / "waveforms.csv",
+                 waveform_csv(session.timeDomainGraph().simulated(), output.waveform_step));
 }
 
 }  // namespace vantrel

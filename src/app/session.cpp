@@ -60,6 +60,10 @@ Session::Session(ProgramFolder folder, SessionPorts ports, std::string_view prog
       transformer_(field_context_, advanced_, input_loader_, missing_fields_, cores_),
       table_export_(messages_, ports_.dialogs, folder_),
       bill_(field_context_, bom_store_, table_export_, billHooks()),
+      board_(messages_, ports_.dialogs, folder_),
+      images_(field_context_, {advanced_, inductor_, transformer_, bom_store_, folder_},
+              ports_.dialogs, imageHooks()),
+      schematic_check_(field_context_, bom_store_, ports_.dialogs, folder_, validateHooks()),
       calculator_(field_context_, calculatorServices(), input_loader_, bom_store_,
                   {.designInductors = [this] { return inductor_.Calculate(true); },
                    .designTransformer = [this] { return transformer_.Calculate(true); }}),
@@ -67,7 +71,8 @@ Session::Session(ProgramFolder folder, SessionPorts ports, std::string_view prog
                 &graph_operating_points_, &graph_time_domain_},
                screens_, messages_, ports_.dialogs, projectHooks()),
       graph_op_(advanced_, missing_fields_, messages_,
-                [this](int slot) { return selectionName(slot); }) {
+                [this](int slot) { return selectionName(slot); }),
+      graph_td_(timeDomainServices()) {
   connectScreens();
 }
 
@@ -76,12 +81,18 @@ Session::~Session() { EndSession(); }
 void Session::connectScreens() {
   for (Screen* screen : std::initializer_list<Screen*>{
            &simple_, &advanced_, &inductor_, &transformer_, &calculator_, &graph_operating_points_,
-           &graph_time_domain_, &bill_, &options_}) {
+           &graph_time_domain_, &bill_, &options_, &images_, &schematic_check_}) {
     screens_.add(*screen);
   }
   advanced_.setCommands(advancedCommands());
   please_wait_.cancelled.connect([this] { simple_.CancelTest(); });
   browser_.itemSelected.connect([this](int slot) { advanced_.show_tabstrip_for_selection(slot); });
+}
+
+void Session::setViews(SessionViews views) {
+  views_ = std::move(views);
+  missing_fields_.showList = views_.showMissingFields;
+  missing_fields_.displayField = views_.displayField;
 }
 
 control_bar* Session::bar(std::string_view screen) {

@@ -8,7 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "app/session_views.h"
 #include "components/calculator.h"
+#include "components/explain.h"
 #include "core/click_sound.h"
 #include "core/device_context.h"
 #include "core/please_wait.h"
@@ -26,6 +28,9 @@
 #include "operating/simple.h"
 #include "operating/targets/target.h"
 #include "outputs/bill_of_materials.h"
+#include "outputs/board_files.h"
+#include "outputs/image_display.h"
+#include "outputs/validate_schematic.h"
 #include "selection/browser_control.h"
 #include "selection/control_bar.h"
 #include "selection/details.h"
@@ -36,7 +41,10 @@
 #include "services/messages/calculation_log.h"
 #include "services/messages/sysmsg.h"
 #include "services/project.h"
+#include "services/user_data.h"
 #include "waveforms/operating_points_graph.h"
+#include "waveforms/time_domain.h"
+#include "waveforms/time_domain_view_form.h"
 
 namespace vantrel {
 
@@ -82,6 +90,35 @@ class Session {
   /// Its full name.
   std::string selectionFullName(int slot);
 
+  /// Hands over the windows; until then the session runs without.
+  void setViews(SessionViews views);
+  /// Lets the user edit his own lamps or cores; without windows nothing happens.
+  void editUserData(UserDataKind kind);
+  /// True while a calculation, a load or a save runs: no command but the end of the run is taken.
+  bool isBusy() const { return busy_; }
+
+  // What the buttons of the designers and of the component calculator do. A design is a calculation
+  // like any other; a load is none. False when it failed, or while something else runs.
+
+  bool designInductor(int index);
+  bool designTransformer();
+  bool findComponents();
+  bool designBallast();
+  bool loadInductorInputs(int index);
+  bool loadTransformerInputs();
+  bool loadOperatingPoints();
+
+  /// Saves the design under a path, or loads it; as the commands do, but without asking for a name.
+  bool saveProjectTo(const std::string& owner, const std::string& path);
+  bool loadProjectFrom(const std::string& owner, const std::string& path);
+
+  /// Raised in front of a calculation that the user has started, and at its end with its success;
+  /// a chain of calculations raises the pair for each of its steps.
+  Signal<> calculationStarted;
+  Signal<bool> calculationEnded;
+  /// Raised when a whole design has come on show: a record of the history or a project.
+  Signal<> designShown;
+
   SysMsg& messages() { return messages_; }
   CalculationLog& log() { return log_; }
   const RunState& state() const { return state_; }
@@ -93,12 +130,26 @@ class Session {
   Inductor& inductor() { return inductor_; }
   Transformer& transformer() { return transformer_; }
   Calculator& calculator() { return calculator_; }
+  /// Explains the variables of the last component calculation.
+  Explain explain() { return Explain(calculatorServices(), calculator_); }
+  /// The form behind `editUserData`; what it changes is on offer at once.
+  EditUserData& userData() { return user_data_; }
   bill_of_materials& billOfMaterials() { return bill_; }
+  ImageDisplay& images() { return images_; }
+  ValidateSchematic& schematicCheck() { return schematic_check_; }
+  BoardFiles& board() { return board_; }
   const BomStore& bomStore() const { return bom_store_; }
   configure& options() { return options_; }
   Project& project() { return project_; }
   CalculationHistory& history() { return history_; }
   GraphOP& operatingPointsGraph() { return graph_op_; }
+  /// The screen whose caption and visibility the window of the graph follows; `layoutChanged` asks
+  /// for a new drawing.
+  Screen& graphOperatingPoints() { return graph_operating_points_; }
+  Screen& graphTimeDomain() { return graph_time_domain_; }
+  GraphTD& timeDomainGraph() { return graph_td_; }
+  TimeDomainView& timeDomainView() { return time_domain_view_; }
+  GraphTimeDomain& timeDomainForm() { return time_domain_form_; }
   /// Writes a picture in the format of the file's extension; gives the reason when it fails.
   std::optional<std::string> writePicture(const std::filesystem::path& file,
                                           const Picture& picture) const;
@@ -126,9 +177,16 @@ class Session {
   ControlBarHooks barHooks(const char* owner);
   bool runCommand(const std::string& owner, const std::string& command,
                   const std::string& argument);
+  bool calculate(const std::function<bool()>& routine);
+  bool calculateUnlessBusy(const std::function<bool()>& routine);
+  bool load(const std::function<bool()>& routine);
+  bool saveProject(const std::function<bool()>& save);
+  bool loadProject(const std::function<bool()>& load);
   void gateDesigners();
   FieldContext fieldContext();
   CalculatorServices calculatorServices();
+  UserDataHooks userDataHooks();
+  TimeDomainServices timeDomainServices();
   SelectionHooks selectionHooks();
   OperatingPointsHooks operatingPointsHooks();
   SimpleHooks simpleHooks();
@@ -137,8 +195,12 @@ class Session {
   ConfigureHooks configureHooks();
   ProjectHooks projectHooks();
   BillHooks billHooks();
+  ImageHooks imageHooks();
+  ValidateHooks validateHooks();
   void openFollowUps();
+  void showTimeDomain();
   void drawGraph();
+  void showGraph();
   void connectScreens();
 
   bool selectVoltageMode();
@@ -150,6 +212,7 @@ class Session {
   ProgramFolder folder_;
   SessionPorts ports_;
   std::string program_version_;
+  SessionViews views_;
   int stage_ = 0;
   bool busy_ = false;
 
@@ -182,9 +245,16 @@ class Session {
   BomStore bom_store_;
   TableExport table_export_;
   bill_of_materials bill_;
+  BoardFiles board_;
+  ImageDisplay images_;
+  ValidateSchematic schematic_check_;
   Calculator calculator_;
   Project project_;
   GraphOP graph_op_;
+  GraphTD graph_td_;
+  TimeDomainView time_domain_view_{graph_td_, messages_};
+  GraphTimeDomain time_domain_form_{graph_td_, time_domain_view_};
+  EditUserData user_data_{database_, messages_, ports_.dialogs, userDataHooks()};
   std::vector<BarLink> web_links_;
 };
 

@@ -8,6 +8,8 @@ namespace vantrel {
 
 namespace {
 
+constexpr std::string_view kHelpPage = "\\Help\\index.html";
+
 /// Sets a flag for a scope and puts it back as it was.
 class Raised {
  public:
@@ -40,6 +42,16 @@ CalculatorServices Session::calculatorServices() {
           screens_,  missing_fields_, advanced_, targets_, progress_};
 }
 
+TimeDomainServices Session::timeDomainServices() {
+  return {.design = advanced_,
+          .calculator = calculator_,
+          .heatingMode = [this] { return details_.ConfigDetails(kConfigHeating); },
+          .state = state_,
+          .missing = missing_fields_,
+          .messages = messages_,
+          .pleaseWait = please_wait_};
+}
+
 std::array<control_bar, Session::kBarCount> Session::makeBars() {
   return {control_bar(barHooks(kBarOwners[0])), control_bar(barHooks(kBarOwners[1])),
           control_bar(barHooks(kBarOwners[2])), control_bar(barHooks(kBarOwners[3])),
@@ -63,6 +75,13 @@ ControlBarHooks Session::barHooks(const char* owner) {
     return runCommand(name, command, argument);
   };
   hooks.isBusy = [this] { return busy_; };
+  hooks.print_form = [this, name = hooks.owner] { call_view(views_.printForm, name); };
+  hooks.showAbout = [this] { call_view(views_.showAbout); };
+  hooks.StartAboutUpdateCheck = [this] { call_view(views_.checkForUpdate); };
+  hooks.helpPage = [this] {
+    const auto page = folder_.find(kHelpPage);
+    return page ? page->string() : std::string();
+  };
   hooks.listItems = [this](int slot, PullDown& list) { browser_.Setup(slot, &list); };
   hooks.selectItem = [this](int slot, std::int32_t id) { return selectById(slot, id); };
   return hooks;
@@ -77,19 +96,26 @@ bool Session::runCommand(const std::string& owner, const std::string& command,
   const std::map<std::string, std::function<void()>> commands{
       {"c_simple", [this] { simple_.ShowSimpleScreen(); }},
       {"c_advanced", [this] { simple_.ShowAdvancedScreen(); }},
-      {"c_save_project",
-       [this, &owner] {
-         const Raised busy(busy_);
-         project_.SaveProject(owner);
+      {"c_save_project", [&] { saveProject([&] { return project_.SaveProject(owner); }); }},
+      {"c_load_project", [&] { loadProject([&] { return project_.LoadProject(owner); }); }},
+      {"c_quit",
+       [this] {
+         if (views_.quit) {
+           views_.quit();
+         } else {
+           simple_.unload();
+         }
        }},
-      {"c_load_project",
-       [this, &owner] {
-         const Raised busy(busy_);
-         project_.LoadProject(owner);
-       }},
-      {"c_quit", [this] { simple_.unload(); }},
       {"c_configure", [this] { options_.config_show(); }},
       {"c_bom", [this] { bill_.setup_bom(); }},
+      {"c_schematic", [this] { images_.show_schematic(); }},
+      {"c_lres", [this] { images_.show_lres(); }},
+      {"c_pfc", [this] { images_.show_pfc(); }},
+      {"c_transformer", [this] { images_.show_transformer(); }},
+      {"c_photoplot", [this] { board_.export_layers(); }},
+      {"c_graph_td", [this] { showTimeDomain(); }},
+      {"c_graph_op", [this] { showGraph(); }},
+      {"c_diagnostics", [this] { call_view(views_.showDiagnostics); }},
       {"c_inductor", [this] { inductor_.visible(true); }},
       {"c_transformer_designer", [this] { transformer_.visible(true); }},
       {"c_calculator", [this] { calculator_.visible(true); }},
@@ -119,6 +145,79 @@ SelectionHooks Session::selectionHooks() {
   return hooks;
 }
 
+bool Session::calculate(const std::function<bool()>& routine) {
+  // Dialogs and progress calls let events in: nothing else may start while a calculation runs.
+  const Raised busy(busy_);
+  calculationStarted.raise();
+  const bool succeeded = routine();
+  calculationEnded.raise(succeeded);
+  return succeeded;
+}
+
+bool Session::calculateUnlessBusy(const std::function<bool()>& routine) {
+  return !busy_ && calculate(routine);
+}
+
+bool Session::designInductor(int index) {
+  return calculateUnlessBusy([&] { return inductor_.DesignInductor(index); });
+}
+
+bool Session::designTransformer() {
+  return calculateUnlessBusy([this] { return transformer_.DesignTransformer(); });
+}
+
+bool Session::findComponents() {
+  return calculateUnlessBusy([this] { return calculator_.CalculateComponents(false, false); });
+}
+
+bool Session::designBallast() {
+  return calculateUnlessBusy([this] { return calculator_.DesignBallast(); });
+}
+
+bool Session::load(const std::function<bool()>& routine) {
+  if (busy_) return false;
+  const Raised busy(busy_);
+  return routine();
+}
+
+bool Session::loadInductorInputs(int index) {
+  return load([&] { return inductor_.CommandLoadInputsAction(index); });
+}
+
+bool Session::loadTransformerInputs() {
+  return load([this] { return transformer_.CommandLoadTheInputs(); });
+}
+
+bool Session::loadOperatingPoints() {
+  return load([this] { return calculator_.Reset(true); });
+}
+
+bool Session::saveProject(const std::function<bool()>& save) {
+  if (busy_) return false;
+  const Raised busy(busy_);
+  if (!save()) return false;
+  call_view(views_.projectStored, project_.CurrentProjectPath());
+  return true;
+}
+
+bool Session::loadProject(const std::function<bool()>& load) {
+  if (busy_) return false;
+  const Raised busy(busy_);
+  if (views_.mayReplaceDesign && !views_.mayReplaceDesign()) return false;
+  if (!load()) return false;
+  designShown.raise();
+  call_view(views_.projectStored, project_.CurrentProjectPath());
+  return true;
+}
+
+bool Session::saveProjectTo(const std::string& owner, const std::string& path) {
+  return saveProject([&] { return project_.SaveProjectTo(owner, path); });
+}
+
+bool Session::loadProjectFrom(const std::string& owner, const std::string& path) {
+  return loadProject([&] { return project_.LoadProjectFrom(owner, path); });
+}
+
 void Session::gateDesigners() {
   for (control_bar& bar : bars_) {
     bar.set_enabled_byname("c_inductor", advanced_.says_yes("allow_inductor"));
@@ -138,23 +237,17 @@ OperatingPointsHooks Session::operatingPointsHooks() {
     return options_.isChecked("display_graph_op_after_calculate") ||
            graph_operating_points_.visible();
   };
-  hooks.drawGraph = [this] { drawGraph(); };
+  hooks.drawGraph = [this] { showGraph(); };
   return hooks;
 }
 
 SimpleHooks Session::simpleHooks() {
   SimpleHooks hooks;
-  hooks.startBrowser = [this](int slot, std::string_view, std::int32_t current) {
-    browser_.StartBrowser(slot, current);
+  hooks.startBrowser = [this](int slot, std::string_view title, std::int32_t current) {
+    if (browser_.StartBrowser(slot, current)) call_view(views_.openChooser, slot, title);
   };
   hooks.configure_enforcesettings = [this] { options_.configure_enforcesettings(); };
-  // Dialogs and progress calls let events in: nothing else may start while a step runs.
-  const auto step = [this](auto calculate) {
-    return [this, calculate] {
-      const Raised busy(busy_);
-      return calculate();
-    };
-  };
+  const auto step = [this](auto routine) { return [this, routine] { return calculate(routine); }; };
   hooks.calculateOperatingPoints = step([this] { return operating_points_.Calculate(false); });
   hooks.calculateInductors = step([this] { return inductor_.Calculate(true); });
   hooks.calculateTransformer = step([this] { return transformer_.Calculate(true); });
@@ -163,6 +256,9 @@ SimpleHooks Session::simpleHooks() {
   hooks.clearComputedComponents = [this] { bom_store_.clear(); };
   hooks.isBusy = [this] { return busy_; };
   hooks.setBusy = [this](bool busy) { busy_ = busy; };
+  hooks.refresh = [this] { call_view(views_.repaint); };
+  hooks.saveWindowPosition = [this] { call_view(views_.saveWindowPositions); };
+  hooks.stopProcess = [this] { call_view(views_.stopProcess); };
   hooks.closeConnection = [this] { database_.close_access(); };
   hooks.unloadOtherScreens = [this] {
     for (Screen* screen : screens_.screens()) hide(*screen);
@@ -172,22 +268,16 @@ SimpleHooks Session::simpleHooks() {
 
 AdvancedCommands Session::advancedCommands() {
   AdvancedCommands commands;
-  commands.Calculate = [this] {
-    const Raised busy(busy_);
-    operating_points_.Calculate(true);
-  };
-  commands.DrawGraph = [this] { drawGraph(); };
-  commands.designInductors = [this] {
-    const Raised busy(busy_);
-    inductor_.Calculate(true);
-  };
+  commands.Calculate = [this] { calculate([this] { return operating_points_.Calculate(true); }); };
+  commands.DrawGraph = [this] { showGraph(); };
+  commands.focusInputTabs = [this] { call_view(views_.focusInputTabs); };
+  commands.PrintScreen = [this] { call_view(views_.printForm, advanced_.name()); };
+  commands.designInductors = [this] { calculate([this] { return inductor_.Calculate(true); }); };
   commands.designTransformer = [this] {
-    const Raised busy(busy_);
-    transformer_.Calculate(true);
+    calculate([this] { return transformer_.Calculate(true); });
   };
   commands.calculateComponents = [this] {
-    const Raised busy(busy_);
-    calculator_.CalculateApart();
+    calculate([this] { return calculator_.CalculateApart(); });
   };
   commands.showSimple = [this] { simple_.ShowSimpleScreen(); };
   commands.isBusy = [this] { return busy_; };
@@ -201,7 +291,11 @@ CalculationHistoryHooks Session::historyHooks() {
   hooks.selectItem = [this](int slot, std::int32_t id) {
     return browser_.ItemSelect(true, slot, id, false, false, true);
   };
-  hooks.DrawGraph = [this] { drawGraph(); };
+  // The last step of showing a record.
+  hooks.DrawGraph = [this] {
+    drawGraph();
+    designShown.raise();
+  };
   return hooks;
 }
 
@@ -228,25 +322,28 @@ ProjectHooks Session::projectHooks() {
   hooks.reloadGraphOperatingPoints = [this](bool redraw) {
     if (redraw) drawGraph();
   };
+  hooks.setWindowStateNormal = [this](Screen& screen) {
+    call_view(views_.setWindowStateNormal, screen);
+  };
   hooks.linkTimes = [this](bool on) { calculator_.linkTimes(on); };
   return hooks;
 }
 
-BillHooks Session::billHooks() {
-  BillHooks hooks;
-  hooks.targetName = [this] { return to_text(details_.TargetDetails(kTargetName)); };
-  hooks.calculate_simple = [this] { return simple_.calculate_simple(true, true, true, true); };
+UserDataHooks Session::userDataHooks() {
+  UserDataHooks hooks;
+  hooks.lampsChanged = [this](std::int32_t edited) {
+    const std::int32_t selected = browser_.GetInfo(kSlotLamp);
+    if (!browser_.CheckAvailable(kSlotLamp, selected, true)) return;
+    // Its values have changed, so they are loaded anew, and results of the old ones go.
+    if (edited == selected) browser_.ItemSelect(false, kSlotLamp, selected, true, false, true);
+  };
+  hooks.coresChanged = [this] {
+    inductor_.ReInitialise();
+    transformer_.ReInitialise();
+  };
   return hooks;
 }
 
-void Session::drawGraph() {
-  graph_operating_points_.caption(graph_op_.caption());
-  graph_operating_points_.notifyLayoutChanged();
-}
-
-void Session::openFollowUps() {
-  // A circuit without any component has nothing to show; the bill would ask to calculate again.
-  if (options_.isChecked("display_bom") && !bom_store_.isEmpty()) bill_.setup_bom();
-}
+void Session::editUserData(UserDataKind kind) { call_view(views_.editUserData, kind); }
 
 }  // namespace vantrel

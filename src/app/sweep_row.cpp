@@ -62,9 +62,11 @@ SweepDesigner::SweepDesigner(Session& session, const SweepPlan& plan, bool timed
   }
 }
 
+/// All four slots are selected in their order, so no slot needs to give up what another rules out.
 bool SweepDesigner::select(const Combination& combination) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    if (!session_.selectById(slot, combination[static_cast<std::size_t>(slot)])) return false;
+    const std::int32_t id = combination[static_cast<std::size_t>(slot)];
+    if (!session_.browser().ItemSelect(true, slot, id, false, false, true)) return false;
   }
   return true;
 }

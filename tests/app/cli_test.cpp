@@ -57,6 +57,7 @@ TEST(Cli, ExitStatusTellsWhatHappened) {
       {"", 1},
       {"fly", 1},
       {"design --nothing", 1},
+      {"design --waveform-step 0", 1},
       {"script /nowhere/at/all", 3},
       {"--help", 0},
       {"--version", 0},
@@ -71,7 +72,7 @@ TEST(Cli, ExitStatusTellsWhatHappened) {
 TEST(Cli, WritesTheFilesOfADesign) {
   SessionBench bench;
   const auto folder = bench.home.path() / "out" / "deep";
-  ASSERT_EQ(run(bench, "design --out '" + folder.string() + "'").status, 0);
+  ASSERT_EQ(run(bench, "design --waveform-step 20 --out '" + folder.string() + "'").status, 0);
   std::ifstream file(folder / "design.json");
   const Json design = Json::parse(file);
   EXPECT_TRUE(design.at("complete"));
@@ -87,6 +88,12 @@ TEST(Cli, WritesTheFilesOfADesign) {
   std::string svg((std::istreambuf_iterator<char>(graph)), {});
   EXPECT_NE(svg.find("Ignition"), std::string::npos);
   EXPECT_TRUE(std::filesystem::exists(folder / "operating-points.png"));
+  EXPECT_GT(std::filesystem::file_size(folder / "time-domain.png"), 10000U);
+  std::ifstream waveforms(folder / "waveforms.csv");
+  std::string last;
+  for (std::string line; std::getline(waveforms, line);) last = line;
+  EXPECT_TRUE(last.starts_with("1010999.")) << last;  // 1 s, 10 ms of ramp and 1 ms of run
+  EXPECT_TRUE(last.ends_with(",40.14,2\r")) << last;
   EXPECT_EQ(run(bench, "design --out /dev/null/x").status, 3);
 }
 

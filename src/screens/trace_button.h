@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QAbstractButton>
+
+#include "screens/appearance.h"
+#include "waveforms/time_domain_view_traces.h"
+
+namespace vantrel {
+
+/// The toggle of a trace: a dark chip with a sample of its pen, pale when the trace is off.
+class TraceButton : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  TraceButton(Trace trace, Appearance& look, QWidget* parent = nullptr);
+
+  Trace trace() const { return trace_; }
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Trace trace_;
+  Appearance& look_;
+};
+
+}  // namespace vantrel
