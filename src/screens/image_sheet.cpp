@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
+#include <utility>
 
 #include "platform/painter_device_context.h"
 #include "screens/view_connection.h"
@@ -69,6 +70,8 @@ void ImageSheet::paintEvent(QPaintEvent*) {
 void ImageSheet::resizeEvent(QResizeEvent*) {
   images_.setViewport(
       {static_cast<double>(viewport()->width()), static_cast<double>(viewport()->height())});
+  // The first document was laid out before there was a window to fit it to.
+  if (!std::exchange(fitted_, true)) images_.CheckForAutoZoomIn();
   refresh();
 }
 

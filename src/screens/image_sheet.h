@@ -42,6 +42,7 @@ class ImageSheet : public QAbstractScrollArea {
   QPointF drag_from_;
   Point drag_offset_;
   bool dragging_ = false;
+  bool fitted_ = false;
 };
 
 }  // namespace vantrel

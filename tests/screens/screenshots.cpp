@@ -90,6 +90,15 @@ int main(int argc, char** argv) {
   camera.screen(session.billOfMaterials().name().c_str(), "bill-of-materials");
   session.graphOperatingPoints().visible(true);
   camera.screen("GraphOperatingPoints", "operating-points");
+  session.images().show_schematic();
+  camera.screen("ImageDisplay", "circuit-diagram");
+  session.schematicCheck().validate();
+  camera.screen("ValidateSchematic", "validate");
+  session.images().show_lres();
+  camera.screen("ImageDisplay", "lres");
+  session.bar("Simple")->execute_command("c_graph_td");
+  QTest::qWait(200);
+  camera.screen("GraphTimeDomain", "time-domain");
   session.options().config_show();
   camera.screen("configure", "options");
   camera.dialog("message-question", [&] {
