@@ -39,6 +39,7 @@ const std::unordered_map<std::string, Operation>& operations() {
       {"option", op_option},
       {"save", op_save},
       {"load", op_load},
+      {"validate", op_validate},
       {"export", op_export},
       {"answers", op_answers},
       {"sql", op_sql},

@@ -74,11 +74,9 @@ Json history(Session& session) {
 Json log_lines(Session& session) { return session.log().lines(); }
 
 const std::unordered_map<std::string, Dump>& dumps() {
-  static const std::unordered_map<std::string, Dump> table{{"candidates", candidates},
-                                                           {"variables", variables},
-                                                           {"bom", bill},
-                                                           {"history", history},
-                                                           {"log", log_lines}};
+  static const std::unordered_map<std::string, Dump> table{
+      {"candidates", candidates}, {"variables", variables}, {"bom", bill},
+      {"history", history},       {"log", log_lines},       {"drawing", dump_drawing}};
   return table;
 }
 

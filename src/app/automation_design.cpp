@@ -22,11 +22,22 @@ bool export_graph(Session& session, const Json& command) {
   return true;
 }
 
+template <bool (ImageDisplay::*show)()>
+bool export_drawing(Session& session, const Json& command) {
+  const std::string path = text_argument(command, "path");
+  return (session.images().*show)() && session.images().export_schematic_to(path);
+}
+
 const std::unordered_map<std::string, Export>& exports() {
-  static const std::unordered_map<std::string, Export> table{{"bom", export_bill},
-                                                             {"operating-points", export_graph},
-                                                             {"time-domain", export_time_domain},
-                                                             {"spice", export_spice}};
+  static const std::unordered_map<std::string, Export> table{
+      {"bom", export_bill},
+      {"operating-points", export_graph},
+      {"time-domain", export_time_domain},
+      {"spice", export_spice},
+      {"schematic", export_drawing<&ImageDisplay::show_schematic>},
+      {"lres", export_drawing<&ImageDisplay::show_lres>},
+      {"pfc", export_drawing<&ImageDisplay::show_pfc>},
+      {"transformer", export_drawing<&ImageDisplay::show_transformer>}};
   return table;
 }
 
@@ -74,6 +85,35 @@ Json op_export(Session& session, const Json& command) {
   const auto export_it = exports().find(what);
   if (export_it == exports().end()) throw CommandError("Export of '" + what + "' is not built");
   return {{"result", export_it->second(session, command)}};
+}
+
+Json op_validate(Session& session, const Json& /*command*/) {
+  const bool result = session.images().show_schematic() && session.schematicCheck().validate();
+  Json reply{{"result", result}};
+  if (!result) return reply;
+  const auto listed = [&](ValidateList list) {
+    Json items = Json::array();
+    for (const ValidateItem& item : session.schematicCheck().items(list))
+      items.push_back(item.text());
+    return items;
+  };
+  reply["schematic_only"] = listed(ValidateList::SchematicOnly);
+  reply["bill_only"] = listed(ValidateList::BillOnly);
+  return reply;
+}
+
+Json dump_drawing(Session& session) {
+  Json rows = Json::array();
+  for (const ImagePicture& picture : session.images().document().pictures()) {
+    for (const SchematicReference& reference : picture.texts.references) {
+      Json row{
+          {"picture", picture.name}, {"text", reference.name}, {"duplicate", reference.duplicate}};
+      if (reference.x) row["x"] = *reference.x;
+      if (reference.y) row["y"] = *reference.y;
+      rows.push_back(std::move(row));
+    }
+  }
+  return rows;
 }
 
 Json op_answers(Session& session, const Json& command) {

@@ -26,9 +26,13 @@ Json op_command(Session& session, const Json& command);
 Json op_option(Session& session, const Json& command);
 Json op_save(Session& session, const Json& command);
 Json op_load(Session& session, const Json& command);
+Json op_validate(Session& session, const Json& command);
 Json op_export(Session& session, const Json& command);
 Json op_answers(Session& session, const Json& command);
 Json op_sql(Session& session, const Json& command);
+
+/// Texts of the drawing on show with their places in its units.
+Json dump_drawing(Session& session);
 
 /// Required text argument.
 std::string text_argument(const Json& command, const char* name);

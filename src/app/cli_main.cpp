@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "app/check_drawings.h"
 #include "app/cli_commands.h"
 #include "app/cli_session.h"
 #include "app/exit_status.h"
@@ -51,6 +52,10 @@ int run(int argc, char** argv) {
       program.add_subcommand("sweep", "Design every combination that the selection rules allow");
   add_sweep_options(*sweep, sweep_options);
 
+  CLI::App* check = program.add_subcommand(
+      "check", "Compare the circuit diagram of every combination with its bill of materials");
+  add_selection_options(*check, selection);
+
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -61,6 +66,7 @@ int run(int argc, char** argv) {
   const auto session = CliSession::start(places, std::cerr);
   if (session == nullptr) return kExitBadInput;
   if (design->parsed()) return run_design(*session, selection, output, std::cout, std::cerr);
+  if (check->parsed()) return run_check(*session, selection, std::cout, std::cerr);
   if (list->parsed()) return run_list(*session, slot, selection, std::cout, std::cerr);
   return run_script(*session, script, std::cin, std::cout, std::cerr);
 }

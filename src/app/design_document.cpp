@@ -49,6 +49,25 @@ std::string write_graph(Session& session, const std::filesystem::path& folder) {
   return {};
 }
 
+/// The circuit diagram and the drawings of the magnetic parts that the design has.
+std::string write_drawings(Session& session, const std::filesystem::path& folder) {
+  struct Drawing {
+    const char* file;
+    bool (ImageDisplay::*show)();
+  };
+  constexpr Drawing kDrawings[] = {{"circuit-diagram.svg", &ImageDisplay::show_schematic},
+                                   {"lres.svg", &ImageDisplay::show_lres},
+                                   {"pfc.svg", &ImageDisplay::show_pfc},
+                                   {"transformer.svg", &ImageDisplay::show_transformer}};
+  for (const Drawing& drawing : kDrawings) {
+    if (!(session.images().*drawing.show)()) continue;
+    if (const auto why = session.writePicture(folder / drawing.file, session.images().picture())) {
+      return (folder / drawing.file).string() + ": " + *why;
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 Json design_json(Session& session, bool complete, std::size_t first_message) {
@@ -94,6 +113,7 @@ std::string write_design(Session& session, const Json& design, bool simulated,
       !why.empty()) {
     return why;
   }
+  if (std::string why = write_drawings(session, folder); !why.empty()) return why;
   if (std::string why = write_graph(session, folder); !why.empty() || !simulated) return why;
   const std::filesystem::path picture = folder / "time-domain.png";
   if (const auto why = write_time_domain_picture(session, picture)) {

@@ -185,6 +185,7 @@ class Session {
   void gateDesigners();
   FieldContext fieldContext();
   CalculatorServices calculatorServices();
+  DesignerHooks designerHooks();
   UserDataHooks userDataHooks();
   TimeDomainServices timeDomainServices();
   SelectionHooks selectionHooks();

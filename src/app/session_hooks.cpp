@@ -305,6 +305,7 @@ ConfigureHooks Session::configureHooks() {
     calculator_.selectSeries(options.e12 ? kSeriesE12 : kSeriesE24);
     log_.keepLines(options.debug);
   };
+  hooks.showDebug = [this] { call_view(views_.showDiagnostics); };
   hooks.emergency_quit = [this] { simple_.emergency_quit(); };
   return hooks;
 }
@@ -341,6 +342,12 @@ UserDataHooks Session::userDataHooks() {
     inductor_.ReInitialise();
     transformer_.ReInitialise();
   };
+  return hooks;
+}
+
+DesignerHooks Session::designerHooks() {
+  DesignerHooks hooks;
+  hooks.editUserData = [this] { editUserData(UserDataKind::Cores); };
   return hooks;
 }
 

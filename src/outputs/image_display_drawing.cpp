@@ -85,7 +85,9 @@ void ImageDisplay::renderValues(DeviceContext& surface, const ImagePicture& pict
   for (const auto& [reference, slot] : picture.layout.values) {
     const auto value = known.find(reference);
     if (value == known.end() || value->second.empty()) continue;
-    surface.setFont({.size = std::max(slot.size * unit, smallest)});
+    // Enlarged, a value would lie over its neighbours; the pointer tells it meanwhile.
+    if (slot.size * unit < smallest) continue;
+    surface.setFont({.size = slot.size * unit});
     surface.text(on_surface({box.left, box.top}, unit, slot.at), value->second);
   }
 }

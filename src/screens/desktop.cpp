@@ -11,11 +11,13 @@
 #include "screens/about_dialog.h"
 #include "screens/bill_window.h"
 #include "screens/chooser_dialog.h"
+#include "screens/diagnostics_window.h"
 #include "screens/missing_fields_dialog.h"
 #include "screens/print_picture.h"
 #include "screens/progress_window.h"
 #include "screens/splash.h"
 #include "screens/theme_style.h"
+#include "screens/user_data_window.h"
 #include "screens/view_connection.h"
 #include "screens/wait_window.h"
 #include "screens/windows.h"
@@ -103,11 +105,13 @@ Workbench Desktop::workbench() {
 void Desktop::setViews() {
   SessionViews views;
   views.openChooser = [this](int slot, std::string_view title) { openChooser(slot, title); };
+  views.editUserData = [this](UserDataKind kind) { editUserData(kind); };
   views.focusInputTabs = [this] {
     QWidget* advanced = window("Advanced");
     if (auto* tabs = advanced->findChild<QWidget*>("input_tabstrip")) tabs->setFocus();
   };
   views.showAbout = [this] { showAbout(); };
+  views.showDiagnostics = [this] { showDiagnostics(); };
   views.checkForUpdate = [this] {
     showAbout();
     if (about_->isCmdCheckUpdateEnabled()) about_->StartAboutUpdateCheck();
@@ -270,6 +274,19 @@ void Desktop::openChooser(int slot, std::string_view title) {
   chooser.exec();
 }
 
+void Desktop::editUserData(UserDataKind kind) {
+  // A calculation under way reads the rows.
+  if (session_->isBusy()) return;
+  EditUserData& form = session_->userData();
+  form.show = [this, &form] { UserDataWindow(form, look_, QApplication::activeWindow()).exec(); };
+  // A refusal has told its reason.
+  if (kind == UserDataKind::Lamps) {
+    form.InitialiseLamp();
+  } else {
+    form.InitialiseInductor();
+  }
+}
+
 void Desktop::showMissingFields() {
   auto* list = new MissingFieldsDialog(session_->missingFields(), QApplication::activeWindow());
   list->setAttribute(Qt::WA_DeleteOnClose);
@@ -284,6 +301,11 @@ void Desktop::showAbout() {
     about_window_ = std::make_unique<AboutDialog>(*about_, look_);
   }
   about_window_->open();
+}
+
+void Desktop::showDiagnostics() {
+  if (diagnostics_ == nullptr) diagnostics_ = std::make_unique<DiagnosticsWindow>(workbench());
+  diagnostics_->open();
 }
 
 bool Desktop::mayReplaceDesign() {

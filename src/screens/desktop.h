@@ -71,8 +71,10 @@ class Desktop : public QObject {
   void showMainScreen();
   void applyTheme();
   void openChooser(int slot, std::string_view title);
+  void editUserData(UserDataKind kind);
   void showMissingFields();
   void showAbout();
+  void showDiagnostics();
 
   SettingsStore& settings_;
   FileDialogs& dialogs_;
@@ -93,6 +95,7 @@ class Desktop : public QObject {
   std::map<std::string, std::unique_ptr<QWidget>, std::less<>> windows_;
   std::unique_ptr<About> about_;
   std::unique_ptr<QDialog> about_window_;
+  std::unique_ptr<QDialog> diagnostics_;
   std::unique_ptr<QWidget> progress_window_;
   std::unique_ptr<QWidget> wait_window_;
   bool quitting_ = false;

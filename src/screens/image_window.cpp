@@ -26,7 +26,7 @@ ImageWindow::ImageWindow(Workbench bench)
     refresh();
   });
   connect_view(bench.status.changed, this, [this] { refresh(); });
-  resize(960, 700);
+  resize(1180, 760);
   refresh();
 }
 
