@@ -36,16 +36,24 @@ std::string discrepancies(Session& session) {
 
 }  // namespace
 
-int run_check(CliSession& cli, const SelectionOptions& filters, std::ostream& out,
+int run_check(const CliPlaces& places, const SelectionOptions& filters, std::ostream& out,
               std::ostream& errors) {
-  cli.keepMessagesQuiet();
-  Session& session = cli.session();
-  std::string why;
-  SweepPlan plan = sweep_plan(session, filters, why);
-  if (!why.empty()) {
-    errors << "vantrel-cli: " << why << '\n';
-    return kExitBadInput;
+  SweepPlan plan;
+  {
+    // Making the plan leaves a session that no design can start from.
+    const auto planner = CliSession::start(places, errors);
+    if (planner == nullptr) return kExitBadInput;
+    std::string why;
+    plan = sweep_plan(planner->session(), filters, why);
+    if (!why.empty()) {
+      errors << "vantrel-cli: " << why << '\n';
+      return kExitBadInput;
+    }
   }
+  const auto cli = CliSession::start(places, errors);
+  if (cli == nullptr) return kExitBadInput;
+  cli->keepMessagesQuiet();
+  Session& session = cli->session();
   SweepDesigner designer(session, plan, false);
   std::size_t faults = 0;
   for (const Combination& combination : plan.combinations) {

@@ -10,7 +10,7 @@ namespace vantrel {
 /// Designs every combination that the selection rules and `filters` allow, and compares its circuit
 /// diagram with its bill of materials. Prints each discrepancy and a count at the end. Gives an
 /// ExitStatus: kExitEndedEarly when anything was found.
-int run_check(CliSession& cli, const SelectionOptions& filters, std::ostream& out,
+int run_check(const CliPlaces& places, const SelectionOptions& filters, std::ostream& out,
               std::ostream& errors);
 
 }  // namespace vantrel

@@ -63,10 +63,10 @@ int run(int argc, char** argv) {
   }
 
   if (sweep->parsed()) return run_sweep(places, sweep_options, std::cerr);
+  if (check->parsed()) return run_check(places, selection, std::cout, std::cerr);
   const auto session = CliSession::start(places, std::cerr);
   if (session == nullptr) return kExitBadInput;
   if (design->parsed()) return run_design(*session, selection, output, std::cout, std::cerr);
-  if (check->parsed()) return run_check(*session, selection, std::cout, std::cerr);
   if (list->parsed()) return run_list(*session, slot, selection, std::cout, std::cerr);
   return run_script(*session, script, std::cin, std::cout, std::cerr);
 }

@@ -97,6 +97,19 @@ TEST(Cli, WritesTheFilesOfADesign) {
   EXPECT_EQ(run(bench, "design --out /dev/null/x").status, 3);
 }
 
+TEST(Cli, ChecksEveryDiagramAgainstItsBill) {
+  const SessionBench bench;
+  const Outcome missing = run(bench, "check --ic TV6108");
+  EXPECT_EQ(missing.status, 5);
+  EXPECT_NE(missing.output.find("Schematic could not be found for IC 'TV6108'"), std::string::npos);
+  const std::filesystem::path shipped =
+      std::filesystem::path(VANTREL_DATABASE).parent_path().parent_path();
+  std::filesystem::create_directory_symlink(shipped / "graphics", bench.home.path() / "graphics");
+  const Outcome outcome = run(bench, "check --ic TV6108");
+  EXPECT_EQ(outcome.status, 0) << outcome.output;
+  EXPECT_NE(outcome.output.find(" combinations, 0 with discrepancies\n"), std::string::npos);
+}
+
 TEST(Cli, FixedValuesAreKept) {
   SessionBench bench;
   const Outcome outcome = run(bench, "design --set Advanced.LValue=4.2 --fix Advanced.LValue");
