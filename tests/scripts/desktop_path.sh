@@ -23,6 +23,7 @@ done
 display=$(cat "$work/display")
 [ -n "$display" ] || { echo "no virtual display"; cat "$work/xvfb.log"; exit 1; }
 export DISPLAY=":$display" QT_QPA_PLATFORM=xcb
+export LSAN_OPTIONS="suppressions=$(cd "$(dirname "$0")" && pwd)/leaks.supp:print_suppressions=0"
 export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/share" HOME="$work"
 
 "$work/vantrel" >"$work/log" 2>&1 &
