@@ -12,7 +12,7 @@ command -v clang++ >/dev/null || { echo "clang++ is not installed"; exit 77; }
 # names of some sources of a folder.
 declare -A sources=(
   [metafile]="services/messages core outputs/metafile outputs/validate_schematic_texts"
-  [project_reader]="services/messages core services/project services/file_reader services/code_page"
+  [project_reader]="services/messages core services/project services/file_reader"
   [script_host]="services/messages core components/script"
 )
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "outputs/metafile_text.h"
+#include "core/code_page.h"
 
 namespace vantrel {
 namespace {
@@ -51,7 +51,7 @@ MetafileFontObject font_of(const MetafileRecord& record) {
   font.angle = record.number(2) / 10.0;
   font.bold = record.number(4) >= kBoldWeight;
   font.italic = (record.word(5) & 0xFFU) != 0;
-  font.face = metafile_text(std::string(bytes.begin(), end));
+  font.face = from_code_page(std::string(bytes.begin(), end));
   constexpr std::size_t kLongestFace = 64;
   if (font.face.empty() || font.face.size() > kLongestFace) font.face = Font{}.face;
   return font;

@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "core/code_page.h"
 #include "outputs/metafile_curves.h"
 #include "outputs/metafile_reader.h"
 #include "outputs/metafile_state.h"
-#include "outputs/metafile_text.h"
 
 namespace vantrel {
 namespace {
@@ -344,7 +344,7 @@ void Player::drawText(const MetafileText& text) {
     drawLetters(text, at);
     return;
   }
-  const std::string words = metafile_text(text.bytes);
+  const std::string words = from_code_page(text.bytes);
   surface_.text(at, words);
   if (state_.movesWithText()) goOnBehind(surface_.textExtent(words).width);
 }
@@ -368,7 +368,7 @@ void Player::drawLetters(const MetafileText& text, Point at) {
   for (std::size_t i = 0; i < text.bytes.size(); ++i) {
     const double along = std::copysign(state_.mapping.width(done), done);
     surface_.text({at.x + along * std::cos(turn), at.y - along * std::sin(turn)},
-                  metafile_text(text.bytes.substr(i, 1)));
+                  from_code_page(text.bytes.substr(i, 1)));
     done += text.advance[i];
   }
   shapes_ += text.bytes.size();

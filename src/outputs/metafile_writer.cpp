@@ -6,8 +6,8 @@
 #include <numbers>
 #include <string>
 
+#include "core/code_page.h"
 #include "core/fault.h"
-#include "outputs/metafile_text.h"
 
 namespace vantrel {
 namespace {
@@ -62,7 +62,7 @@ void append_points(Words& words, std::span<const MetafilePoint> points) {
 }
 
 std::string text_bytes(std::string_view words) {
-  std::string bytes = metafile_text_bytes(words);
+  std::string bytes = to_code_page(words);
   if (bytes.size() > kLongestText) overflow();
   return bytes;
 }
@@ -102,7 +102,7 @@ Words font_definition(const Font& font) {
               0,
               0,
               0};
-  std::string face = metafile_text_bytes(font.face);
+  std::string face = to_code_page(font.face);
   face.resize(kFaceLength - 1);
   append_characters(words, face + '\0');
   return words;

@@ -7,9 +7,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include "core/code_page.h"
 #include "core/number_text.h"
 #include "core/text_parsing.h"
-#include "outputs/metafile_text.h"
 
 namespace vantrel {
 namespace {
@@ -36,7 +36,7 @@ std::string words_of(const MetafileRecord& record) {
   const std::size_t count = record.word(kCount);
   if (record.bytes().size() < start + count) return {};
   const auto bytes = record.bytes().subspan(start, count);
-  return trimmed(metafile_text(std::string(bytes.begin(), bytes.end())));
+  return trimmed(from_code_page(std::string(bytes.begin(), bytes.end())));
 }
 
 std::optional<int> scaled(int size, int position, int extent) {

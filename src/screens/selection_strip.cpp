@@ -7,13 +7,12 @@
 
 #include "screens/appearance.h"
 #include "selection/browser_view.h"
+#include "selection/selection_card.h"
 
 namespace vantrel {
 
 namespace {
 
-constexpr std::array<const char*, kSlotCount> kCaptions{"Target IC", "Line Input", "Lamp",
-                                                        "Lamp Configuration"};
 /// Room that each slot takes of the strip; configurations have the longest names.
 constexpr std::array<int, kSlotCount> kStretch{2, 3, 3, 5};
 
@@ -21,7 +20,7 @@ constexpr std::array<int, kSlotCount> kStretch{2, 3, 3, 5};
 
 SlotList::SlotList(int slot, Session& session, control_bar& bar, QWidget* parent)
     : QComboBox(parent), slot_(slot), session_(session), bar_(bar) {
-  const QString caption = kCaptions[static_cast<std::size_t>(slot)];
+  const QString caption = to_qstring(SlotCaption(slot));
   setObjectName("slot." + QString::number(slot));
   setAccessibleName(caption);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -87,14 +86,14 @@ SelectionStrip::SelectionStrip(Session& session, control_bar& bar, QWidget* pare
   grid->setVerticalSpacing(1);
   for (int slot = 0; slot < kSlotCount; ++slot) {
     const auto i = static_cast<std::size_t>(slot);
-    auto* caption = new QLabel(kCaptions[i], this);
+    auto* caption = new QLabel(to_qstring(SlotCaption(slot)), this);
     caption->setForegroundRole(QPalette::PlaceholderText);
     lists_[i] = new SlotList(slot, session, bar, this);
     buttons_[i] = new QToolButton(this);
     buttons_[i]->setText("...");
     buttons_[i]->setObjectName("choose." + QString::number(slot));
-    buttons_[i]->setToolTip(QString("Choose the ") + kCaptions[i]);
-    buttons_[i]->setAccessibleName(QString("Choose the ") + kCaptions[i]);
+    buttons_[i]->setToolTip("Choose the " + to_qstring(SlotCaption(slot)));
+    buttons_[i]->setAccessibleName("Choose the " + to_qstring(SlotCaption(slot)));
     connect(
         buttons_[i], &QToolButton::clicked, this,
         [&session, slot] { session.simple().MainButton_Click(slot); }, Qt::QueuedConnection);

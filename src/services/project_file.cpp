@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "services/code_page.h"
+#include "core/code_page.h"
 
 namespace vantrel {
 namespace {

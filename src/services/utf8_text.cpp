@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "services/code_page.h"
+#include "core/code_page.h"
 
 namespace vantrel {
 

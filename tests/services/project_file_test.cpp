@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "services/code_page.h"
+#include "core/code_page.h"
 
 namespace vantrel {
 namespace {

@@ -5,9 +5,9 @@
 
 namespace vantrel {
 
-/// Code page 1252, in which the fixed texts of a project file are held whatever the desktop's
-/// encoding is. The five bytes that it leaves open stand for the control characters of their own
-/// number, so that every byte has one character.
+/// Code page 1252, in which the fixed texts of a project file and those of metafiles are held
+/// whatever the desktop's encoding is. The five bytes that it leaves open stand for the control
+/// characters of their own number, so that every byte has one character.
 
 /// One byte for each character of a UTF-8 text; "?" for a character outside the code page and for
 /// each byte that is no UTF-8.

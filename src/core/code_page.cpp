@@ -1,4 +1,4 @@
-#include "services/code_page.h"
+#include "core/code_page.h"
 
 #include <algorithm>
 #include <array>
