@@ -12,7 +12,7 @@ target_compile_options(
             -Wshadow
             -Werror
             # g++ 12 reports overlaps inside std::string that cannot happen.
-            -Wno-restrict
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
             # The formulas round where their text says so and nowhere else.
             -ffp-contract=off
             -ftrapping-math)
@@ -23,7 +23,7 @@ if(VANTREL_SANITIZE)
               -fno-sanitize-recover=all
               # g++ 12 loses track of std::variant and std::optional between the checks it adds; the
               # release build keeps this warning.
-              -Wno-maybe-uninitialized)
+              $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vantrel_options INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -21,14 +21,6 @@ CalculatorServices quiet_services(const CalculatorServices& real, QuietPorts& qu
 
 const char* const kStageLists[] = {"Input", "IC", "Config"};
 
-bool is_interpolation(const RuleRow& rule) { return lower(rule.function) == "interpolatevalue"; }
-
-std::string joined(const std::vector<std::string>& texts) {
-  std::string result;
-  for (const std::string& text : texts) result += (result.empty() ? "" : ", ") + text;
-  return result;
-}
-
 /// The last line that holds `mark`, empty without one.
 std::string line_with(const std::vector<std::string>& lines, std::string_view mark) {
   const auto found = std::find_if(lines.rbegin(), lines.rend(), [&](const std::string& line) {
@@ -175,12 +167,12 @@ void ExplainBench::nameInputs(Explanation& result) {
     result.function = "Copy of " + rule.function;
     names = {rule.function};
   } else if (rule.set_value_directly) {
-    result.function = "Set directly to " + joined(rule.parameters);
-  } else if (is_interpolation(rule)) {
-    result.function = "Interpolation(" + joined(rule.parameters) + ")";
+    result.function = "Set directly to " + comma_list(rule.parameters);
+  } else if (rule.interpolates()) {
+    result.function = "Interpolation(" + comma_list(rule.parameters) + ")";
     if (!rule.parameters.empty()) names = {rule.parameters.front()};
   } else {
-    result.function = rule.function + "(" + joined(rule.parameters) + ")";
+    result.function = rule.function + "(" + comma_list(rule.parameters) + ")";
     names = rule.parameters;
   }
   for (const std::string& name : names) {

@@ -20,14 +20,6 @@ std::string criteria(const RuleRow& rule) {
          "'";
 }
 
-std::string joined(const std::vector<std::string>& texts) {
-  std::string result;
-  for (const std::string& text : texts) result += (result.empty() ? "" : ", ") + text;
-  return result;
-}
-
-bool is_interpolation(const RuleRow& rule) { return lower(rule.function) == "interpolatevalue"; }
-
 std::string no_calculation(std::string_view what, const std::string& name) {
   return std::string(what) + " CC:Calculations entry for variable '" + name +
          "' - it cannot be calculated";
@@ -175,8 +167,8 @@ std::optional<std::vector<Variant>> RuleMatching::valuesOf(const std::vector<std
 }
 
 int RuleMatching::callFunction(std::int32_t index, const RuleRow& rule) {
-  const std::string parameters = joined(rule.parameters);
-  const bool interpolation = is_interpolation(rule);
+  const std::string parameters = comma_list(rule.parameters);
+  const bool interpolation = rule.interpolates();
   context_.log((interpolation ? "Matched Interpolation"
                               : "Matched with Function " + rule.function + "(" + parameters + ")") +
                " [" + criteria(rule) + "]");

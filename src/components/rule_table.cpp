@@ -65,6 +65,14 @@ RuleRow read_rule(const RecordSet& rows, const Columns& columns) {
 
 }  // namespace
 
+bool RuleRow::interpolates() const { return lower(function) == "interpolatevalue"; }
+
+std::string comma_list(const std::vector<std::string>& texts) {
+  std::string result;
+  for (const std::string& text : texts) result += (result.empty() ? "" : ", ") + text;
+  return result;
+}
+
 RuleTable::RuleTable(RecordSet& rows) {
   const Columns columns(rows);
   for (rows.MoveFirst(); adoaccess_class::RSOK(rows); rows.MoveNext()) {

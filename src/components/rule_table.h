@@ -23,7 +23,13 @@ struct RuleRow {
   bool functionisvar = false;
   bool set_value_directly = false;
   std::vector<std::string> parameters;  ///< V0 and so on, up to the first empty one.
+
+  /// Whether it looks its value up between rows of a table instead of calling a function.
+  bool interpolates() const;
 };
+
+/// The texts with ", " between them.
+std::string comma_list(const std::vector<std::string>& texts);
 
 /// Rules in the order of their table, with a current row.
 class RuleCursor {

@@ -5,7 +5,7 @@
 namespace vantrel {
 
 namespace {
-constexpr double kThrottleSeconds = 0.4;
+constexpr double kSecondsBetweenClicks = 0.4;
 }
 
 ClickSound::ClickSound(const RunState& state, Clock& clock, SoundPlayer& player,
@@ -20,7 +20,7 @@ ClickSound::ClickSound(const RunState& state, Clock& clock, SoundPlayer& player,
 void ClickSound::PlayClickSound() {
   if (!state_.SoundsReady || muted_()) return;
   const double now = clock_.seconds();
-  if (now - last_click_time_ < kThrottleSeconds) return;
+  if (now - last_click_time_ < kSecondsBetweenClicks) return;
   last_click_time_ = now;
   if (const auto file = folder_.find("\\Sounds\\Click1.wav")) player_.play(file->string());
 }

@@ -5,7 +5,7 @@
 namespace vantrel {
 
 namespace {
-constexpr double kThrottleSeconds = 0.6;
+constexpr double kSecondsBetweenEvents = 0.6;
 }
 
 PleaseWait::PleaseWait(SysMsg& messages, Clock& clock, EventPump& pump,
@@ -27,7 +27,7 @@ void PleaseWait::Start(std::string_view message, int timeout_ms) {
 
 void PleaseWait::StillCalculating() {
   const double now = clock_.seconds();
-  if (now - last_worked_ < kThrottleSeconds) return;
+  if (now - last_worked_ < kSecondsBetweenEvents) return;
   last_worked_ = now;
   clock_symbol_ = clock_symbol_ == kLastClockSymbol ? kFirstClockSymbol : clock_symbol_ + 1;
   changed.raise();

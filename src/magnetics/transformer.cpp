@@ -16,7 +16,7 @@ constexpr const char* kInputFrame = "frame_inputs";
 constexpr const char* kCoreFrame = "frame_core";
 constexpr const char* kResultFrame = "frame_results";
 
-constexpr FieldSpec kFields[] = {
+constexpr FieldSpec kTransformerFields[] = {
     // Name, label, unit, places, style, tick, tooltip, frame.
     {"tfr_inputvoltage", "Input Voltage (Min)", "V", "2", kInput, false,
      "The minimum line input voltage", kInputFrame},
@@ -67,7 +67,7 @@ Transformer::Transformer(FieldContext& context, Advanced& advanced, InputLoader&
   addFrame(kInputFrame, "Inputs");
   addFrame(kCoreFrame, "Core");
   addFrame(kResultFrame, "Results");
-  addFields(kFields);
+  addFields(kTransformerFields);
   addTickBox("tfr_fixcoresize", "Fix Core Size");
   addPullDown("tfr_ComboCore");
   addButton("CommandLoadTheInputs", "Load Inputs");

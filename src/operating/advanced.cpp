@@ -17,7 +17,6 @@ constexpr const char* kCommands[] = {"Calculate", "Operating Points Graph", "Des
 
 constexpr const char* kResultFrames[] = {"frame_pfc_components", "frame_pfc_ontime",
                                          "frame_phase_angle", "frame_operating_points"};
-constexpr const char* kTickedResults[] = {"pfc_input_power", "LValue", "CValue"};
 
 constexpr const char* kBusFields[] = {"preheat_dc_bus_voltage", "ignition_dc_bus_voltage",
                                       "max_dc_bus_voltage", "min_dc_bus_voltage",

@@ -53,6 +53,9 @@ inline constexpr std::string_view kVoltageMode = "Voltage Mode";
 /// or not.
 class Advanced : public Screen {
  public:
+  /// Results that the user can fix with their tick.
+  static constexpr const char* kTickedResults[] = {"pfc_input_power", "LValue", "CValue"};
+
   Advanced(FieldContext& context, const RunState& state, AdvancedSelection selection);
 
   /// Empties the results; ticked values, inputs and hidden fields stay.

@@ -14,8 +14,6 @@ namespace vantrel {
 
 namespace {
 
-constexpr const char* kTickedResults[] = {"pfc_input_power", "LValue", "CValue"};
-
 constexpr double kFirstBallastFrequency = 40;   // kHz
 constexpr double kSecondBallastFrequency = 30;  // kHz
 constexpr double kHighestRaisedBus = 350;       // V
@@ -84,7 +82,7 @@ bool OperatingPoints::Calculate(bool show_results) {
 
 OperatingPoints::Outcome OperatingPoints::pass(bool show_results) {
   if (!show_results) {
-    for (const char* name : kTickedResults) advanced_.field(name).SetFixValue(false);
+    for (const char* name : Advanced::kTickedResults) advanced_.field(name).SetFixValue(false);
   }
   missing_.Reset();
   if (advanced_.target() == kTransformerTarget) return Outcome::Done;

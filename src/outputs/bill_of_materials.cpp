@@ -20,9 +20,9 @@ constexpr std::string_view kFormat =
 constexpr std::size_t kValueColumn = 2;
 constexpr std::size_t kRatingColumn = 3;
 
-constexpr const char* kCaption = "Bill Of Materials";
+constexpr const char* kBillCaption = "Bill Of Materials";
 
-constexpr std::string_view kAskToCalculate =
+constexpr std::string_view kAskForComponents =
     "The bill of materials cannot be shown until components have been calculated.\r\n\r\n"
     "Do you wish to calculate now ?";
 
@@ -40,7 +40,7 @@ std::vector<std::string> references_of(const TableRow& row, SysMsg& messages) {
 
 bill_of_materials::bill_of_materials(FieldContext& context, const BomStore& store,
                                      TableExport& exporter, BillHooks hooks)
-    : Screen("bill_of_materials", kCaption, context),
+    : Screen("bill_of_materials", kBillCaption, context),
       context_(context),
       store_(store),
       exporter_(exporter),
@@ -59,13 +59,13 @@ bool bill_of_materials::setup_bom() {
 }
 
 bool bill_of_materials::calculateNow() {
-  if (context_.messages.msg(name(), kAskToCalculate, kMessageYesNo) != kYes) return false;
+  if (context_.messages.msg(name(), kAskForComponents, kMessageYesNo) != kYes) return false;
   return hooks_.calculate_simple && hooks_.calculate_simple() && !store_.isEmpty();
 }
 
 void bill_of_materials::clear() {
   grid_.rows.clear();
-  caption(kCaption);
+  caption(kBillCaption);
 }
 
 std::vector<TableRow> bill_of_materials::storedRows() const {

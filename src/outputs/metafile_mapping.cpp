@@ -7,12 +7,10 @@ namespace vantrel {
 namespace {
 
 constexpr int kIsotropic = 7;
-constexpr int kAnisotropic = 8;
-constexpr double kPixelsPerInch = 96;
 /// Units to an inch of the modes that have a size of their own, whose y goes up; 0 for the others.
 constexpr double kUnitsPerInch[] = {0, 0, 254, 2540, 100, 1000, 1440, 0, 0};
 /// The raster painter counts pixels in 16 bits.
-constexpr double kFarthest = 32000;
+constexpr double kFarthestPixel = 32000;
 constexpr double kLargestWindow = 1e6;
 
 double bounded(double value, double most) { return std::clamp(value, -most, most); }
@@ -23,7 +21,7 @@ MetafileMapping::MetafileMapping(const MetafileHeader& header, const Box& target
     : target_(target),
       zoom_x_(target.width / header.size().width),
       zoom_y_(target.height / header.size().height),
-      mode_(kAnisotropic) {
+      mode_(kMetafileAnisotropic) {
   setWindow(header.bounds.left, header.bounds.top, header.width(), header.height());
 }
 
@@ -37,8 +35,8 @@ void MetafileMapping::setWindow(double x_origin, double y_origin, double width, 
 void MetafileMapping::settle() {
   const double units = kUnitsPerInch[mode_];
   if (units > 0) {
-    scale_x_ = zoom_x_ * kPixelsPerInch / units;
-    scale_y_ = -zoom_y_ * kPixelsPerInch / units;
+    scale_x_ = zoom_x_ * kMetafilePixelsPerInch / units;
+    scale_y_ = -zoom_y_ * kMetafilePixelsPerInch / units;
     return;
   }
   scale_x_ = target_.width / extent_.width;
@@ -56,7 +54,8 @@ bool MetafileMapping::read(const MetafileRecord& record) {
   };
   switch (record.function()) {
     case MetafileFunction::SetMapMode:
-      if (record.number(0) >= 1 && record.number(0) <= kAnisotropic) mode_ = record.number(0);
+      if (record.number(0) >= 1 && record.number(0) <= kMetafileAnisotropic)
+        mode_ = record.number(0);
       settle();
       return true;
     case MetafileFunction::SetWindowOrigin:
@@ -78,8 +77,8 @@ bool MetafileMapping::read(const MetafileRecord& record) {
 }
 
 Point MetafileMapping::map(MetafilePoint point) const {
-  return {bounded(target_.left + (point.x - origin_.x) * scale_x_, kFarthest),
-          bounded(target_.top + (point.y - origin_.y) * scale_y_, kFarthest)};
+  return {bounded(target_.left + (point.x - origin_.x) * scale_x_, kFarthestPixel),
+          bounded(target_.top + (point.y - origin_.y) * scale_y_, kFarthestPixel)};
 }
 
 Box MetafileMapping::map(const MetafileBox& box) const {
@@ -90,11 +89,11 @@ Box MetafileMapping::map(const MetafileBox& box) const {
 }
 
 double MetafileMapping::width(double units) const {
-  return std::min(std::abs(units * scale_x_), kFarthest);
+  return std::min(std::abs(units * scale_x_), kFarthestPixel);
 }
 
 double MetafileMapping::height(double units) const {
-  return std::min(std::abs(units * scale_y_), kFarthest);
+  return std::min(std::abs(units * scale_y_), kFarthestPixel);
 }
 
 }  // namespace vantrel

@@ -8,9 +8,7 @@ namespace {
 
 /// The placeable head of 22 bytes and the plain one of 18.
 constexpr std::size_t kRecordsStart = 40;
-constexpr std::uint32_t kRecordHeadWords = 3;
 constexpr std::uint8_t kKey[] = {0xD7, 0xCD, 0xC6, 0x9A};
-constexpr double kPixelsPerInch = 96;
 
 std::uint16_t word_at(std::span<const std::uint8_t> bytes, std::size_t at) {
   return static_cast<std::uint16_t>(bytes[at] | bytes[at + 1] << 8);
@@ -54,7 +52,7 @@ std::optional<MetafileText> extended_text(const MetafileRecord& record) {
 
 Size MetafileHeader::size() const {
   if (unitsPerInch <= 0) return {};
-  const double scale = kPixelsPerInch / unitsPerInch;
+  const double scale = kMetafilePixelsPerInch / unitsPerInch;
   return {std::abs(width()) * scale, std::abs(height()) * scale};
 }
 
@@ -98,17 +96,18 @@ MetafileReader::MetafileReader(std::span<const std::uint8_t> bytes)
                                          : std::span<const std::uint8_t>()) {}
 
 std::optional<MetafileRecord> MetafileReader::next() {
-  if (rest_.size() < kRecordHeadWords * 2) return std::nullopt;
+  if (rest_.size() < kMetafileRecordHeadWords * 2) return std::nullopt;
   const std::uint32_t size = word_at(rest_, 0) | static_cast<std::uint32_t>(word_at(rest_, 2))
                                                      << 16U;
   const auto function = static_cast<MetafileFunction>(word_at(rest_, 4));
-  const bool sound = size >= kRecordHeadWords && size <= rest_.size() / 2;
+  const bool sound = size >= kMetafileRecordHeadWords && size <= rest_.size() / 2;
   if (!sound || function == MetafileFunction::EndOfFile) {
     rest_ = {};
     return std::nullopt;
   }
   const std::size_t length = std::size_t{size} * 2;
-  const MetafileRecord record(size, function, rest_.first(length).subspan(kRecordHeadWords * 2));
+  const MetafileRecord record(size, function,
+                              rest_.first(length).subspan(kMetafileRecordHeadWords * 2));
   rest_ = rest_.subspan(length);
   return record;
 }

@@ -19,6 +19,13 @@ struct MetafileBox {
   friend bool operator==(const MetafileBox&, const MetafileBox&) = default;
 };
 
+/// The words of a record before its parameters: its size in two, its function in one.
+inline constexpr std::uint32_t kMetafileRecordHeadWords = 3;
+/// The mapping mode with a scale of its own for each axis.
+inline constexpr std::uint16_t kMetafileAnisotropic = 8;
+/// Screen pixels to an inch, by which a placeable head's units become the size of the picture.
+inline constexpr double kMetafilePixelsPerInch = 96;
+
 /// Line styles, with their numbers in the file.
 enum class MetafileLine { Solid = 0, Dash = 1, Dot = 2, DashDot = 3, DashDotDot = 4, None = 5 };
 

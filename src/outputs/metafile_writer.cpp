@@ -15,8 +15,6 @@ namespace {
 using Words = std::vector<std::uint16_t>;
 
 constexpr std::size_t kPlainHeaderWords = 9;
-constexpr std::uint32_t kRecordHeadWords = 3;
-constexpr std::uint16_t kAnisotropic = 8;
 constexpr std::uint16_t kTransparent = 1;
 constexpr std::uint16_t kEvenOdd = 1;
 constexpr std::uint16_t kNullBrush = 1;
@@ -120,7 +118,7 @@ std::uint16_t align_flags(TextAlign align) {
 MetafileWriter::MetafileWriter(int width, int height, int units_per_inch)
     : width_(width), height_(height), units_per_inch_(units_per_inch) {
   if (width < 1 || height < 1 || units_per_inch < 1) throw Fault(fault_text::kInvalidCall);
-  record(MetafileFunction::SetMapMode, {kAnisotropic});
+  record(MetafileFunction::SetMapMode, {kMetafileAnisotropic});
   record(MetafileFunction::SetWindowOrigin, {0, 0});
   record(MetafileFunction::SetWindowExtent, {word(height), word(width)});
   record(MetafileFunction::SetBackgroundMode, {kTransparent});
@@ -133,7 +131,7 @@ MetafileWriter::MetafileWriter(int width, int height, int units_per_inch)
 }
 
 void MetafileWriter::record(MetafileFunction function, const Words& parameters) {
-  const std::size_t size = kRecordHeadWords + parameters.size();
+  const std::size_t size = kMetafileRecordHeadWords + parameters.size();
   append_long(records_, size);
   records_.push_back(static_cast<std::uint16_t>(function));
   records_.insert(records_.end(), parameters.begin(), parameters.end());
@@ -284,12 +282,12 @@ std::vector<std::uint8_t> MetafileWriter::bytes() const {
   words.push_back(checksum);
   // A file in memory or on disk, the length of this header, version 3.0.
   words.insert(words.end(), {1, std::uint16_t{kPlainHeaderWords}, 0x0300});
-  append_long(words, kPlainHeaderWords + records_.size() + kRecordHeadWords);
+  append_long(words, kPlainHeaderWords + records_.size() + kMetafileRecordHeadWords);
   words.push_back(count_word(table_.size()));
   append_long(words, largest_);
   words.push_back(0);
   words.insert(words.end(), records_.begin(), records_.end());
-  words.insert(words.end(), {std::uint16_t{kRecordHeadWords}, 0, 0});
+  words.insert(words.end(), {std::uint16_t{kMetafileRecordHeadWords}, 0, 0});
 
   std::vector<std::uint8_t> bytes;
   bytes.reserve(words.size() * 2);

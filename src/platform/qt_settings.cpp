@@ -7,18 +7,18 @@ namespace vantrel {
 
 namespace {
 
-QString qt(std::string_view text) {
+QString utf8(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 QString path(std::string_view section, std::string_view key) {
-  return qt(section) + QLatin1Char('/') + qt(key);
+  return utf8(section) + QLatin1Char('/') + utf8(key);
 }
 
 }  // namespace
 
 QtSettings::QtSettings(const std::string& file)
-    : settings_(std::make_unique<QSettings>(qt(file), QSettings::IniFormat)) {}
+    : settings_(std::make_unique<QSettings>(utf8(file), QSettings::IniFormat)) {}
 
 QtSettings::~QtSettings() = default;
 
@@ -34,8 +34,8 @@ std::string QtSettings::get(std::string_view section, std::string_view key,
 
 void QtSettings::save(std::string_view section, std::string_view key, std::string_view value) {
   const QString name = path(section, key);
-  if (settings_->contains(name) && settings_->value(name).toString() == qt(value)) return;
-  settings_->setValue(name, qt(value));
+  if (settings_->contains(name) && settings_->value(name).toString() == utf8(value)) return;
+  settings_->setValue(name, utf8(value));
   settings_->sync();
 }
 

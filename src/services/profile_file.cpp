@@ -10,7 +10,7 @@
 namespace vantrel {
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{1} << 20U;
+constexpr std::size_t kLongestProfile = std::size_t{1} << 20U;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// The name in a line "[name]"; nothing for any other line.
@@ -121,7 +121,7 @@ std::string ProfileText::text() const {
 }
 
 ProfileText ProfileFile::read() const {
-  const auto bytes = read_file(path_, kMostBytes);
+  const auto bytes = read_file(path_, kLongestProfile);
   if (!bytes) return ProfileText();
   return ProfileText(std::string_view(reinterpret_cast<const char*>(bytes->data()), bytes->size()));
 }

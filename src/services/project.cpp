@@ -12,7 +12,7 @@ namespace vantrel {
 namespace {
 
 /// Far above any design; a larger file is none.
-constexpr std::size_t kMostBytes = std::size_t{4} << 20U;
+constexpr std::size_t kLongestProject = std::size_t{4} << 20U;
 
 constexpr std::size_t kSimple = 0;
 constexpr std::size_t kAdvanced = 1;
@@ -107,7 +107,7 @@ bool Project::SaveProjectTo(std::string_view caller, const std::string& path) {
 }
 
 bool Project::LoadProjectFrom(std::string_view caller, const std::string& path) {
-  const auto bytes = read_file(path, kMostBytes);
+  const auto bytes = read_file(path, kLongestProject);
   if (bytes) {
     const auto decoded = decode(*bytes);
     if (const auto* data = std::get_if<ProjectData>(&decoded)) {

@@ -71,4 +71,7 @@ class DesignerTest : public ::testing::Test {
 
 using Texts = std::vector<std::string>;
 
+inline constexpr const char* kMissing =
+    "Required fields are missing, do you wish to see the list ?";
+
 }  // namespace vantrel

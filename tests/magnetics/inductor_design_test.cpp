@@ -25,7 +25,7 @@ using test::close;
 //   0.6   153.846  193.385   71   (71.91)
 const CoreType kA{"A", 50, 50, 1, 50, 1.0};
 const CoreType kB{"B", 100, 100, 1, 100, 0.5};
-const std::vector<CoreType> kCores{kA, kB};
+const std::vector<CoreType> kTwoCores{kA, kB};
 
 // Wires: 1 A gives an area of 0.2, d = sqrt(0.8 / pi) = 0.5046, cut to 0.5, W = 0.25 pi, so a turn
 // fills 0.25 pi / 0.8 = 0.98175 mm2. 0.35 A gives d = 0.2985, cut to 0.2: 0.15708 mm2 a turn.
@@ -61,7 +61,7 @@ void expect_design(const InductorDesign& got, const InductorDesign& want) {
   EXPECT_TRUE(close(got.flux_density, want.flux_density, 1e-5)) << got.flux_density;
 }
 
-struct Case {
+struct DesignCase {
   const char* what;
   InductorInputs in;
   InductorDesign want;  ///< AL in nH.
@@ -69,7 +69,7 @@ struct Case {
 
 TEST(InductorDesign, ByTheFixes) {
   constexpr auto kDone = InductorOutcome::kDesigned;
-  const std::vector<Case> cases{
+  const std::vector<DesignCase> cases{
       // 0.2 mm: 59 turns fill 57.92 > 50, so back to 0.1: 44 x 0.5028 / 50 x 0.6 = 0.26548 T.
       {"free, one step back", inputs(0.6, 1), {kDone, "A", 0.1, 502.8, 44, 0.5, 0.265478}},
       // At 1 A core A has 0.442 T. B passes 0.5 mm, the last one tried below its largest gap, and
@@ -96,14 +96,16 @@ TEST(InductorDesign, ByTheFixes) {
        with_gap(with_core(inputs(1, 1), "A"), 0.1),
        {kDone, "A", 0.1, 502.8, 44, 0.5, 0.442464}},
   };
-  for (const Case& test : cases) {
+  for (const DesignCase& test : cases) {
     SCOPED_TRACE(test.what);
-    expect_design(design_inductor(test.in, kCores), test.want);
+    expect_design(design_inductor(test.in, kTwoCores), test.want);
   }
 }
 
 TEST(InductorDesign, Refusals) {
-  const auto outcome = [](const InductorInputs& in) { return design_inductor(in, kCores).outcome; };
+  const auto outcome = [](const InductorInputs& in) {
+    return design_inductor(in, kTwoCores).outcome;
+  };
   // B has 0.137303 T at 1 A, so 2.2 A give 0.30207 T.
   EXPECT_EQ(outcome(inputs(2.2, 1)), InductorOutcome::kNoSolution);
   EXPECT_EQ(outcome(inputs(2.18, 1)), InductorOutcome::kDesigned);
@@ -119,11 +121,11 @@ TEST(InductorDesign, Refusals) {
 
 TEST(InductorDesign, Faults) {
   // Back from 0 to -0.1 mm, where ue = 2000 / (1 - 4) and the root is that of a negative number.
-  EXPECT_THROW(design_inductor(with_core(inputs(0.3, 3.2), "A"), kCores), Fault);
-  EXPECT_THROW(design_inductor(with_core(inputs(1, 1), "C"), kCores), Fault);
-  EXPECT_THROW(design_inductor(with_core(inputs(1, 1), ""), kCores), Fault);
-  EXPECT_THROW(design_inductor(with_gap(with_core(inputs(1, 1), "C"), 1), kCores), Fault);
-  EXPECT_THROW(design_inductor(inputs(1, -1), kCores), Fault);
+  EXPECT_THROW(design_inductor(with_core(inputs(0.3, 3.2), "A"), kTwoCores), Fault);
+  EXPECT_THROW(design_inductor(with_core(inputs(1, 1), "C"), kTwoCores), Fault);
+  EXPECT_THROW(design_inductor(with_core(inputs(1, 1), ""), kTwoCores), Fault);
+  EXPECT_THROW(design_inductor(with_gap(with_core(inputs(1, 1), "C"), 1), kTwoCores), Fault);
+  EXPECT_THROW(design_inductor(inputs(1, -1), kTwoCores), Fault);
   // What a user's core may hold: nothing but its size, and a gap that no search would end at.
   const std::vector<CoreType> blank{{"blank", 0, 0, 0, 0, 0}};
   EXPECT_THROW(design_inductor(inputs(1, 1), blank), Fault);

@@ -6,7 +6,6 @@
 namespace vantrel {
 namespace {
 
-constexpr const char* kMissing = "Required fields are missing, do you wish to see the list ?";
 constexpr const char* kNoCores = "Could not read Inductor Core Types table";
 constexpr const char* kError = "Inductor Calculation error";
 

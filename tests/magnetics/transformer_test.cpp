@@ -5,9 +5,8 @@
 namespace vantrel {
 namespace {
 
-constexpr const char* kMissing = "Required fields are missing, do you wish to see the list ?";
 constexpr const char* kTooBig = "Windings cannot fit this core size, larger core size required";
-constexpr const char* kError = "Transformer Calculation error";
+constexpr const char* kTransformerError = "Transformer Calculation error";
 
 class TransformerTest : public DesignerTest {
  protected:
@@ -74,7 +73,7 @@ TEST_F(TransformerTest, Errors) {
   transformer.field("tfr_imag").SetValue(0.04);  // as if it were amperes: 9.9e10 turns
   EXPECT_FALSE(transformer.DesignTransformer());
   EXPECT_EQ(messages.shown().front().owner, "Transformer");
-  EXPECT_EQ(takeMessages(), (Texts{kError, kError}));
+  EXPECT_EQ(takeMessages(), (Texts{kTransformerError, kTransformerError}));
 }
 
 TEST_F(TransformerTest, LabelledPrefixesAreConverted) {

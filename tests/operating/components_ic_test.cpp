@@ -7,7 +7,7 @@
 namespace vantrel {
 namespace {
 
-struct NumberCase {
+struct IcNumberCase {
   Target (*target)();
   const char* name;
   Args arguments;
@@ -19,7 +19,7 @@ class IcComponents : public ComponentsBench {};
 // Worked out beside the program, with the roundings to 32 bits where a number is held as such.
 TEST_F(IcComponents, Formulas) {
   const double bus = 400;
-  const std::vector<NumberCase> cases = {
+  const std::vector<IcNumberCase> cases = {
       {make_tv6101, "component_CPH", {1.3}, 2.524271844660194e-07},
       {make_tv6101, "component_RCS", {22000.0, 0.7}, 1.5714285714285716},
       {make_tv6105, "component_CPH", {1.3}, 2.524271844660194e-07},
@@ -68,7 +68,7 @@ TEST_F(IcComponents, Formulas) {
       {make_tv6110, "component_RFMIN", {680e-12, 43000.0}, 24000.0F},  // 24011.4
       {make_tv6110, "component_RFMIN", {680e-12, 400.0}, 2700000.0F},  // 2847477
   };
-  for (const NumberCase& c : cases) expectNumber(c.target(), c.name, c.arguments, c.expected);
+  for (const IcNumberCase& c : cases) expectNumber(c.target(), c.name, c.arguments, c.expected);
 }
 
 TEST_F(IcComponents, PlainNumbersAreNoArrays) {
@@ -189,7 +189,7 @@ TEST_F(IcComponents, ReferenceDesignsMatchExactlyOrNotAtAll) {
 }
 
 TEST_F(IcComponents, TrapsGiveEmpty) {
-  const std::vector<NumberCase> cases = {
+  const std::vector<IcNumberCase> cases = {
       {make_tv6101, "component_RCS", {22000.0, 0.0}, {}},
       {make_tv6102, "component_RCS", {0.0}, {}},
       {make_tv6102, "component_RMAX", {36.0, -45.0, -45.0}, {}},
@@ -207,7 +207,7 @@ TEST_F(IcComponents, TrapsGiveEmpty) {
       {make_tv6110, "component_RPH", {5.0 / 16121, 0.0, 1.0}, {}},
       {make_tv6110, "component_RFMIN", {0.0, 43000.0}, {}},
   };
-  for (const NumberCase& c : cases) {
+  for (const IcNumberCase& c : cases) {
     EXPECT_EQ(text(c.target(), c.name, c.arguments), "Empty ") << c.name;
   }
 }

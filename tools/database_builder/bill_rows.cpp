@@ -79,11 +79,11 @@ std::vector<std::pair<std::string, std::string>> fields_read(const std::string& 
   return fields;
 }
 
-class RowChecker {
+class BillRowChecker {
  public:
-  RowChecker(const BillRows& bill, const SourceTables& tables,
-             const std::vector<Combination>& combinations, const Vocabulary& vocabulary,
-             Problems& problems)
+  BillRowChecker(const BillRows& bill, const SourceTables& tables,
+                 const std::vector<Combination>& combinations, const Vocabulary& vocabulary,
+                 Problems& problems)
       : table_(bill.table()), vocabulary_(vocabulary), problems_(problems) {
     for (const Combination& combination : combinations) {
       combinations_.push_back(combination);
@@ -206,7 +206,7 @@ std::vector<DeclaredComponent> BillRows::declared(const Combination& combination
 void check_bill_rows(const BillRows& bill, const SourceTables& tables,
                      const std::vector<Combination>& combinations, const Vocabulary& vocabulary,
                      Problems& problems) {
-  RowChecker checker(bill, tables, combinations, vocabulary, problems);
+  BillRowChecker checker(bill, tables, combinations, vocabulary, problems);
   for (const SourceRow& row : bill.table().rows) checker.check(row);
 }
 

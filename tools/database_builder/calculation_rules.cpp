@@ -50,10 +50,10 @@ int score(const CalculationRule& rule, const Combination& combination) {
   return fits ? points : -1;
 }
 
-class RowChecker {
+class CalculationRowChecker {
  public:
-  RowChecker(const CalculationRules& rules, const SourceTables& tables,
-             const std::vector<Combination>& combinations, Problems& problems)
+  CalculationRowChecker(const CalculationRules& rules, const SourceTables& tables,
+                        const std::vector<Combination>& combinations, Problems& problems)
       : rules_(rules), tables_(tables), problems_(problems) {
     for (const Combination& combination : combinations) {
       inputs_.insert(combination.input);
@@ -149,7 +149,7 @@ std::vector<const CalculationRule*> CalculationRules::best(std::string_view vari
 
 void check_rule_rows(const CalculationRules& rules, const SourceTables& tables,
                      const std::vector<Combination>& combinations, Problems& problems) {
-  RowChecker checker(rules, tables, combinations, problems);
+  CalculationRowChecker checker(rules, tables, combinations, problems);
   for (std::size_t i = 0; i < rules.rows().size(); ++i) {
     checker.check(rules.table().rows[i], rules.rows()[i]);
   }
