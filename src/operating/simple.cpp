@@ -110,10 +110,15 @@ void Simple::ShowSimpleScreen() {
 bool Simple::selectFrom(int slot, int position) {
   bar_.RefreshSelector(slot);
   int& place = walk_[static_cast<std::size_t>(slot)];
+  // A busy run takes no selection, this one included; nobody else gets a turn in between.
+  if (hooks_.setBusy) hooks_.setBusy(false);
+  bool selected = false;
   for (place = position; bar_.DetailsSetListIndex(place, slot); ++place) {
-    if (bar_.SelectItemFromPulldown(slot)) return true;
+    selected = bar_.SelectItemFromPulldown(slot);
+    if (selected) break;
   }
-  return false;
+  if (hooks_.setBusy) hooks_.setBusy(true);
+  return selected;
 }
 
 /// Moves the fastest slot that has a further item, and takes all faster ones back to their first. A
@@ -131,6 +136,8 @@ bool Simple::walkCombinations() {
   for (int slot = 0; slot < kSlotCount; ++slot) selectFrom(slot, 0);
   do {
     const bool succeeded = calculate_simple(true, true, true, true);
+    if (onTested) onTested(succeeded);
+    run(hooks_.stillTesting);
     pump_.yield();
     if (test_cancelled_) return false;
     if (!succeeded) {
@@ -143,9 +150,13 @@ bool Simple::walkCombinations() {
 
 bool Simple::TestAllCalculations() {
   test_cancelled_ = false;
+  testing_ = true;
   if (hooks_.setBusy) hooks_.setBusy(true);
+  run(hooks_.startTest);
   const bool finished = walkCombinations();
+  run(hooks_.finishTest);
   if (hooks_.setBusy) hooks_.setBusy(false);
+  testing_ = false;
   if (finished) messages_.messageBox(kTitle, "Finished test OK", kSeverityInformation);
   return finished;
 }

@@ -32,6 +32,8 @@ struct SimpleHooks {
   std::function<void()> refresh;       ///< Draws the screen anew.
   std::function<bool()> isBusy;        ///< While true, no button is taken.
   std::function<void(bool busy)> setBusy;
+  /// A walk through all combinations begins, or goes on after one of them.
+  std::function<void()> startTest, stillTesting, finishTest;
 
   std::function<void()> saveWindowPosition;
   std::function<void()> closeConnection;
@@ -77,6 +79,10 @@ class Simple : public Screen {
   bool TestAllCalculations();
   /// Ends a walk through all combinations after the calculation under way.
   void CancelTest() { test_cancelled_ = true; }
+  /// A walk goes on; nobody answers what its calculations ask.
+  bool isTesting() const { return testing_ && !test_cancelled_; }
+  /// Called after each combination of a walk with the success of its chain.
+  std::function<void(bool succeeded)> onTested;
 
   /// Shows `Advanced` and hides this screen.
   void ShowAdvancedScreen();
@@ -96,6 +102,7 @@ class Simple : public Screen {
   EventPump& pump_;
   SimpleHooks hooks_;
   std::array<int, kSlotCount> walk_{};  ///< Place in the list of each slot.
+  bool testing_ = false;
   bool test_cancelled_ = false;
   int steps_begun_ = 0;  ///< Of the run under way, 0 outside one.
 };

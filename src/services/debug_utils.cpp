@@ -1,6 +1,7 @@
 #include "services/debug_utils.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "components/design_rows.h"
 #include "core/number_text.h"
@@ -10,6 +11,9 @@
 namespace vantrel {
 
 namespace {
+
+/// Entries of the pick-list that are no component.
+constexpr std::size_t kFixedChoices = 2;
 
 std::string count_text(std::size_t count) { return general_text(static_cast<std::int32_t>(count)); }
 
@@ -49,10 +53,25 @@ void DebugUtils::load() {
 }
 
 bool DebugUtils::Start(std::string_view test, std::string_view component) {
+  if (!Begin(test, component)) return false;
+  while (Step()) {
+  }
+  return true;
+}
+
+bool DebugUtils::Step() {
+  if (steps_done_ >= steps_.size()) return false;
+  steps_[steps_done_]();
+  return ++steps_done_ < steps_.size();
+}
+
+bool DebugUtils::Begin(std::string_view test, std::string_view component) {
   report_.clear();
   findings_ = 0;
+  steps_.clear();
+  steps_done_ = 0;
   if (test == kDescriptions) {
-    checkDescriptions();
+    beginDescriptions();
     return true;
   }
   if (test != kUsage) {
@@ -65,7 +84,7 @@ bool DebugUtils::Start(std::string_view test, std::string_view component) {
     messages_.msg(kName, "You must select a valid reference designator to check");
     return false;
   }
-  checkUsage(component);
+  beginUsage(std::string(component));
   return true;
 }
 
@@ -117,50 +136,56 @@ void DebugUtils::readDescriptions() {
   }
 }
 
-void DebugUtils::checkDescriptions() {
+void DebugUtils::beginDescriptions() {
   readDescriptions();
   if (descriptions_.empty()) finding("ERROR: Could not find component descriptions in database");
   prepareAllTables();
-  collectUnits();
-  std::set<std::string> unique;
-  int records = 0;
-  for (const std::string& table : tables_) records += checkTable(table, unique);
-  if (records == 0) finding("ERROR: Could not find BOM components in components database");
+  with_unit_.clear();
+  unique_.clear();
+  records_ = 0;
+  // Units of all tables count for the rows of each.
+  for (const std::string& table : tables_) {
+    steps_.emplace_back([this, table] { collectUnits(table); });
+  }
+  for (const std::string& table : tables_) {
+    steps_.emplace_back([this, table] { checkTable(table); });
+  }
+  steps_.emplace_back([this] { endDescriptions(); });
+}
+
+void DebugUtils::endDescriptions() {
+  if (records_ == 0) finding("ERROR: Could not find BOM components in components database");
   for (const Description& description : descriptions_) {
-    if (unique.contains(description.reference)) continue;
+    if (unique_.contains(description.reference)) continue;
     finding("WARNING: Component '" + description.reference +
             "' has a ComponentDescription but is not found in the BOM");
   }
   line(count_text(descriptions_.size()) + " component descriptions found");
-  line("BOM has " + count_text(unique.size()) + " unique components specified in " +
-       general_text(records) + " Records");
+  line("BOM has " + count_text(unique_.size()) + " unique components specified in " +
+       general_text(records_) + " Records");
 }
 
-void DebugUtils::collectUnits() {
-  with_unit_.clear();
-  for (const std::string& table : tables_) {
-    RecordSet rows;
-    database_.read("select * from [" + table + "]", rows, true);
-    for (; adoaccess_class::RSOK(rows); rows.MoveNext()) {
-      if (text_field(rows, "ValueUnit").empty()) continue;
-      for (const std::string& reference : references_of(rows)) with_unit_.insert(reference);
-    }
+void DebugUtils::collectUnits(const std::string& table) {
+  RecordSet rows;
+  database_.read("select * from [" + table + "]", rows, true);
+  for (; adoaccess_class::RSOK(rows); rows.MoveNext()) {
+    if (text_field(rows, "ValueUnit").empty()) continue;
+    for (const std::string& reference : references_of(rows)) with_unit_.insert(reference);
   }
 }
 
-/// Gives the number of records.
-int DebugUtils::checkTable(const std::string& table, std::set<std::string>& unique) {
+void DebugUtils::checkTable(const std::string& table) {
   RecordSet rows;
   if (!database_.read("select * from [" + table + "] Order By Stage", rows, true)) {
     finding("ERROR: Could not find BOM components table " + table + " in components database");
-    return 0;
+    return;
   }
   int record = 0;
   for (; adoaccess_class::RSOK(rows); rows.MoveNext()) {
     checkRow(++record, table, rows);
-    for (const std::string& reference : references_of(rows)) unique.insert(reference);
+    for (const std::string& reference : references_of(rows)) unique_.insert(reference);
   }
-  return record;
+  records_ += record;
 }
 
 void DebugUtils::checkRow(int record, const std::string& table, const RecordSet& row) {
@@ -229,21 +254,21 @@ std::optional<std::vector<UsageTarget>> DebugUtils::readTargets(bool report) {
   return targets;
 }
 
-void DebugUtils::checkUsage(std::string_view component) {
-  const auto targets = readTargets(true);
+void DebugUtils::beginUsage(const std::string& component) {
+  auto targets = readTargets(true);
   if (!targets) return;
-  if (component != kAllReferences) {
-    reportUsage(std::string(component), *targets);
-    return;
+  targets_ = std::move(*targets);
+  const bool all = component == kAllReferences;
+  for (std::size_t i = kFixedChoices; i < components_.size(); ++i) {
+    if (!all && components_[i] != component) continue;
+    steps_.emplace_back([this, reference = components_[i]] { reportUsage(reference); });
   }
-  for (std::size_t i = 2; i < components_.size(); ++i) reportUsage(components_[i], *targets);
 }
 
-void DebugUtils::reportUsage(const std::string& reference,
-                             const std::vector<UsageTarget>& targets) {
+void DebugUtils::reportUsage(const std::string& reference) {
   line("Component : " + reference);
   bool reached = false;
-  for (const UsageTarget& target : targets) {
+  for (const UsageTarget& target : targets_) {
     const std::vector<UsageHit> hits = target.hits(reference);
     bool doubled = false;
     const UsageRow* shown = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <set>
@@ -34,6 +35,14 @@ class DebugUtils {
   /// Runs a test by its name; `component`, an entry of the pick-list, is for the usage test. False,
   /// with a message, when none of that name is selected or no component is.
   bool Start(std::string_view test, std::string_view component = kSelectComponent);
+  /// The same in parts, so that the caller can do something between them: `Begin` sets the test up,
+  /// then each `Step` does a part of it and gives false after the last one.
+  bool Begin(std::string_view test, std::string_view component = kSelectComponent);
+  bool Step();
+  /// Leaves out the parts that are not done; the report keeps what there is.
+  void Cancel() { steps_.clear(); }
+  std::size_t StepCount() const { return steps_.size(); }
+  std::size_t StepsDone() const { return steps_done_; }
   const std::vector<std::string>& Report() const { return report_; }
   /// How many lines of the report tell of something wrong.
   int Findings() const { return findings_; }
@@ -57,16 +66,17 @@ class DebugUtils {
     bool is_number = false;  ///< It rounds the value or matches it to a series.
   };
 
-  void checkDescriptions();
+  void beginDescriptions();
+  void endDescriptions();
   void readDescriptions();
   void prepareAllTables();
-  void collectUnits();
-  int checkTable(const std::string& table, std::set<std::string>& unique);
+  void collectUnits(const std::string& table);
+  void checkTable(const std::string& table);
   void checkRow(int record, const std::string& table, const RecordSet& row);
   bool lacksUnit(const RecordSet& row, const std::vector<std::string>& references) const;
   bool isDescribed(const std::vector<std::string>& references) const;
-  void checkUsage(std::string_view component);
-  void reportUsage(const std::string& reference, const std::vector<UsageTarget>& targets);
+  void beginUsage(const std::string& component);
+  void reportUsage(const std::string& reference);
   std::optional<std::vector<UsageTarget>> readTargets(bool report);
   void line(const std::string& text);
   void finding(const std::string& text);
@@ -77,6 +87,12 @@ class DebugUtils {
   std::vector<std::string> tables_;
   std::vector<Description> descriptions_;
   std::set<std::string> with_unit_;  ///< References that some row gives a unit.
+  std::set<std::string> unique_;     ///< References of the component tables checked so far.
+  int records_ = 0;                  ///< Their rows.
+  std::vector<UsageTarget> targets_;
+  /// The parts of the test under way.
+  std::vector<std::function<void()>> steps_;
+  std::size_t steps_done_ = 0;
   std::vector<std::string> report_;
   int findings_ = 0;
 };

@@ -37,7 +37,7 @@ constexpr std::array kFrames = {
     OptionFrame{"frame_calculation", "Calculation Options", "Calculation", 1, 2880},
     OptionFrame{"frame_startup", "Select Startup Options", "Startup", 2, 2400},
     OptionFrame{"frame_output", "Select output windows to display when calculation completes",
-                "Output", 3, 2400},
+                "Output Windows", 3, 2400},
     OptionFrame{"frame_buttons", "", "", OptionFrame::kEveryTab, 600},
 };
 

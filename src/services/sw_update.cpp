@@ -57,15 +57,17 @@ SWUpdate::SWUpdate(std::unique_ptr<TcpClient> client, std::unique_ptr<Timer> tim
 
 void SWUpdate::server_fetch(std::string host, std::uint16_t port, std::string host_header,
                             std::string url, std::string tag1, std::string tag2) {
-  if (isRunning()) return;
+  host_ = std::move(host);
+  port_ = port;
   host_header_ = std::move(host_header);
   url_ = std::move(url);
   tag1_ = std::move(tag1);
   tag2_ = std::move(tag2);
+  if (isRunning()) return;
   try {
     status("Setting Up");
     status("Connecting");
-    client_->Connect(host, port);
+    client_->Connect(host_, port_);
     ticks_ = 0;
     timer_->start(kTickMilliseconds, [this] { connectTimeOut(); });
   } catch (const Fault&) {

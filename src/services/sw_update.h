@@ -42,7 +42,7 @@ class SWUpdate {
   SWUpdate(const SWUpdate&) = delete;
   SWUpdate& operator=(const SWUpdate&) = delete;
 
-  /// Starts a check, unless one is under way.
+  /// Starts a check. While one is under way, that one goes on, with these tags.
   void server_fetch(std::string host, std::uint16_t port, std::string host_header, std::string url,
                     std::string tag1, std::string tag2);
   /// Ends the connection, and the tag search with it.
@@ -64,6 +64,8 @@ class SWUpdate {
   std::unique_ptr<TcpClient> client_;
   std::unique_ptr<Timer> timer_;
   SWUpdateEvents events_;
+  std::string host_;
+  std::uint16_t port_ = 0;
   std::string host_header_;
   std::string url_;
   std::string tag1_;

@@ -20,6 +20,9 @@ struct UserDataHooks {
   /// there are several.
   std::function<void(std::int32_t edited)> lampsChanged;
   std::function<void()> coresChanged;  ///< The user's cores have changed.
+  /// The save dialog of every export: the chosen path, empty on Cancel. May be empty.
+  std::function<std::string(std::string_view title, std::string_view name, std::string_view filter)>
+      selectSaveFile = {};
 };
 
 /// The form in which the user enters lamps and inductor cores. Only rows of the user are seen here.

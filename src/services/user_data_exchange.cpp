@@ -110,9 +110,9 @@ std::vector<Texts> EditUserData::storedTexts() {
 }
 
 bool EditUserData::ExportRows() {
-  if (dialogs_ == nullptr || !mayClose()) return false;
-  const auto file = dialogs_->askSave("Export " + caption_, kFilter, caption_ + ".csv");
-  return file && !file->empty() && ExportRowsTo(*file);
+  if (!hooks_.selectSaveFile || !mayClose()) return false;
+  const std::string file = hooks_.selectSaveFile("Export " + caption_, caption_ + ".csv", kFilter);
+  return !file.empty() && ExportRowsTo(file);
 }
 
 bool EditUserData::ExportRowsTo(const std::filesystem::path& file) {

@@ -329,13 +329,13 @@ TEST_F(RecordAccess, AReadScopeKeepsOneViewAndItsOwnChanges) {
 }
 
 TEST_F(RecordAccess, AnInstanceCanBeAimedAnew) {
-  make_database(folder / "other.mdb",
+  make_database(folder.path() / "other.mdb",
                 "create table other (a INTEGER); insert into other values(1)");
   ASSERT_TRUE(database.read("select * from items", set));
-  ASSERT_TRUE(database.open_access(folder / "other.mdb"));
+  ASSERT_TRUE(database.open_access(folder.path() / "other.mdb"));
   EXPECT_FALSE(database.read("select * from items", set));
   EXPECT_TRUE(database.read("select * from other", set));
-  EXPECT_FALSE(database.open_access(folder / "missing.mdb"));
+  EXPECT_FALSE(database.open_access(folder.path() / "missing.mdb"));
   EXPECT_FALSE(database.is_connected());
   EXPECT_FALSE(database.is_writable());
 

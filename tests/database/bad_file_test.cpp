@@ -29,7 +29,7 @@ class BadFile : public DatabaseTest {
   void SetUp() override { make_database(file, good_script()); }
 
   bool opens(std::string_view bytes) {
-    const std::filesystem::path bad = folder / "bad.mdb";
+    const std::filesystem::path bad = folder.path() / "bad.mdb";
     write_file(bad, bytes);
     return database.open_access(bad);
   }
@@ -44,13 +44,13 @@ TEST_F(BadFile, WhatIsNoDatabaseIsNotConnected) {
                                           std::string("SQLite format 3\0", 16),
                                           std::string("SQLite format 3\0", 16).append(8000, 'x')};
   for (const std::string& bytes : files) EXPECT_FALSE(opens(bytes)) << bytes.size() << " bytes";
-  EXPECT_FALSE(database.open_access(folder / "missing.mdb"));
-  EXPECT_FALSE(std::filesystem::exists(folder / "missing.mdb"));
+  EXPECT_FALSE(database.open_access(folder.path() / "missing.mdb"));
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "missing.mdb"));
   EXPECT_FALSE(database.open_access(folder.path()));
   EXPECT_FALSE(database.open_access(""));
   EXPECT_FALSE(database.open_access(":memory:"));
-  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-  EXPECT_FALSE(database.open_access(folder / "pipe"));
+  ASSERT_EQ(::mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(database.open_access(folder.path() / "pipe"));
   EXPECT_FALSE(database.is_connected());
   EXPECT_TRUE(messages.shown().empty());
 }

@@ -52,7 +52,7 @@ class CrossInsertTest : public DatabaseTest {
     return rows;
   }
 
-  std::filesystem::path target = folder / "O'Brien new.mdb";
+  std::filesystem::path target = folder.path() / "O'Brien new.mdb";
   const std::string cores = "[INDUCTOR:Core Types]";
 };
 
@@ -79,19 +79,19 @@ TEST_F(CrossInsertTest, WritesTruthAsOne) {
 }
 
 TEST_F(CrossInsertTest, ReadsThePathsOfTheProgram) {
-  std::filesystem::create_directory(folder / "Data");
-  std::filesystem::rename(target, folder / "Data" / "VTL.mdb");
-  target = folder / "Data" / "VTL.mdb";
+  std::filesystem::create_directory(folder.path() / "Data");
+  std::filesystem::rename(target, folder.path() / "Data" / "VTL.mdb");
+  target = folder.path() / "Data" / "VTL.mdb";
   EXPECT_EQ(copied(insert(cores, folder.path().string() + "\\Data\\VTL.mdb", "")), 4);
 }
 
 TEST_F(CrossInsertTest, AFailureChangesNothingAndLetsTheFileGo) {
-  const std::filesystem::path garbage = folder / "garbage.mdb";
+  const std::filesystem::path garbage = folder.path() / "garbage.mdb";
   write_file(garbage, std::string(5000, 'x'));
   const std::string before = file_text(target);
   database.execute("insert into [DATA:Lamp] values (10, 'a name too long for the check', 1)");
   const std::vector<std::string> failing = {
-      insert(cores, (folder / "missing.mdb").string(), ""),
+      insert(cores, (folder.path() / "missing.mdb").string(), ""),
       insert(cores, garbage.string(), ""),
       insert(cores, folder.path().string(), ""),
       insert(cores, target.string(), " where Missing = Yes"),
@@ -110,7 +110,7 @@ TEST_F(CrossInsertTest, AFailureChangesNothingAndLetsTheFileGo) {
     EXPECT_EQ(attached.rowCount(), 1u) << sql;
   }
   EXPECT_EQ(file_text(target), before);
-  EXPECT_FALSE(std::filesystem::exists(folder / "missing.mdb"));
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "missing.mdb"));
   EXPECT_EQ(to_int32(value("select count(*) from [INDUCTOR:Core Types]")), 4);
   EXPECT_TRUE(messages.shown().empty());
 

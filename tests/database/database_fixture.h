@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -10,28 +9,9 @@
 #include <string_view>
 
 #include "database/adoaccess.h"
+#include "support/fixtures.h"
 
 namespace vantrel::test {
-
-/// A folder that is gone at the end of the test.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "vantrel-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 inline std::string file_text(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -69,7 +49,7 @@ class DatabaseTest : public ::testing::Test {
   }
 
   TemporaryFolder folder;
-  std::filesystem::path file = folder / "VTL.mdb";
+  std::filesystem::path file = folder.path() / "VTL.mdb";
   SysMsg messages;
   adoaccess_class database{messages};
 };

@@ -193,7 +193,7 @@ class TestAllTest : public SimpleTest {
       list.selected = -1;
     };
     hooks.selectItem = [this](int slot, std::int32_t id) {
-      if (id == 20) return false;
+      if (id == 20 || busy) return false;  // as the program does while something runs
       bar.SetInfo(slot, id, "item");
       return true;
     };
@@ -255,6 +255,7 @@ TEST_F(TestAllTest, CancelStopsTheWalk) {
   };
   EXPECT_FALSE(simple.TestAllCalculations());
   EXPECT_EQ(yields, 3);
+  EXPECT_FALSE(simple.isTesting());
   EXPECT_TRUE(messages.shown().empty());
   EXPECT_FALSE(busy);
   onYield = {};

@@ -1,7 +1,10 @@
 #include "core/file_writer.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -72,6 +75,62 @@ TEST(FileWriterTest, ADiskThatRunsFullAtAnyByteChangesNothing) {
   }
   EXPECT_EQ(write_file(path, text, rationed(text.size(), 4)), std::nullopt);
   EXPECT_EQ(contents(path), text);
+}
+
+/// Writes `text` in a child process that ends as `prepare` lets it.
+template <typename Prepare>
+void write_in_child(const fs::path& path, const std::string& text, Prepare prepare) {
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const FileCalls calls = prepare();
+    const auto failure = write_file(path, text, calls);
+    ::_exit(failure ? 1 : 0);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+}
+
+TEST(FileWriterTest, AFullDiskOrAKilledProcessLeavesTheOldFileOrTheNewOne) {
+  const TemporaryFolder folder;
+  const fs::path path = folder / "a.txt";
+  const std::string old_text = "the old text";
+  const std::string text = "a new and somewhat longer text";
+  const auto expect_whole = [&](const std::string& expected) {
+    EXPECT_EQ(contents(path), expected);
+    EXPECT_EQ(folder.count(), 1U) << "nothing is left behind";
+  };
+  for (std::size_t room = 0; room <= text.size(); ++room) {
+    ASSERT_EQ(write_file(path, old_text), std::nullopt);
+    // The system itself refuses what goes beyond the limit.
+    write_in_child(path, text, [&] {
+      ::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{room, room};
+      ::setrlimit(RLIMIT_FSIZE, &limit);
+      return system_file_calls();
+    });
+    expect_whole(room < text.size() ? old_text : text);
+  }
+  for (std::size_t room = 0; room <= text.size(); ++room) {
+    ASSERT_EQ(write_file(path, old_text), std::nullopt);
+    write_in_child(path, text, [&] {
+      FileCalls calls = rationed(text.size(), 1);
+      calls.write = [write = calls.write, left = room](int file, const void* bytes,
+                                                       std::size_t count) mutable {
+        if (left-- == 0) ::kill(::getpid(), SIGKILL);
+        return write(file, bytes, count);
+      };
+      return calls;
+    });
+    expect_whole(room < text.size() ? old_text : text);
+  }
+  ASSERT_EQ(write_file(path, old_text), std::nullopt);
+  write_in_child(path, text, [] {
+    FileCalls calls = system_file_calls();
+    calls.sync = [](int) { return ::kill(::getpid(), SIGKILL); };
+    return calls;
+  });
+  expect_whole(old_text);
 }
 
 TEST(FileWriterTest, EveryOtherCallMayFailAsWell) {

@@ -93,7 +93,8 @@ TEST(SwUpdate, WalksThroughItsStates) {
   UpdateBench bench;
   bench.fetch();
   EXPECT_EQ(bench.take(), (Texts{"Setting Up", "Connecting"}));
-  bench.fetch();  // a transfer is under way
+  // While a transfer is under way no other begins, but its tags are looked for.
+  bench.update.server_fetch("other", 81, "name", "http://host/p", "(a)", "(b)");
   EXPECT_EQ(bench.take(), Texts{});
   EXPECT_EQ(bench.client->connects, Texts{"host:80"});
 

@@ -86,6 +86,47 @@ TEST_F(UserData, CoresAreAddedAndDeleted) {
   EXPECT_EQ(value("select count(*) from [INDUCTOR:Core Types]"), Variant(std::int32_t{1}));
 }
 
+TEST_F(UserData, EveryFieldKeepsAnyTextOrSaysWhyNot) {
+  const std::string texts[] = {"O'Brien \"x\" [y]",
+                               "100 %; drop table [DATA:LAMP];--",
+                               "\xD0\x96\xD0\xB5\xD0\xBB\xD1\x82\xD1\x8B\xD0\xB9",
+                               std::string(10000, 'x'),
+                               "0,25",
+                               "$1 if target is \"TV6103\", 2"};
+  SQLTableEdit& edit = user.SQLTableEdit1;
+  const auto check = [&](std::size_t field, const std::string& text) {
+    SCOPED_TRACE(edit.Fields()[field].Caption + " = " + text.substr(0, 40));
+    const std::string before = edit.FieldText(field);
+    edit.TypeField(field, text);
+    if (edit.CommandSave()) {
+      EXPECT_TRUE(edit.ReQuery());
+      EXPECT_EQ(edit.FieldText(field),
+                edit.Fields()[field].Numeric && text == "0,25" ? "0.25" : text);
+      EXPECT_EQ(take(), Texts{});
+      return;
+    }
+    const Texts said = take();
+    ASSERT_EQ(said.size(), 1U);
+    EXPECT_TRUE(said[0].starts_with("Field '" + edit.Fields()[field].Caption + "' Must be "));
+    EXPECT_TRUE(edit.ReQuery());
+    EXPECT_EQ(edit.FieldText(field), before);
+  };
+  ASSERT_TRUE(user.InitialiseLamp());
+  addLamp("L", "28");
+  const Variant lamps_before = value("select count(*) from [DATA:LAMP]");
+  for (std::size_t field = 0; field < edit.Fields().size(); ++field) {
+    for (const std::string& text : texts) check(field, text);
+  }
+  EXPECT_EQ(value("select count(*) from [DATA:LAMP]"), lamps_before);
+  ASSERT_TRUE(user.InitialiseInductor());
+  ASSERT_TRUE(edit.CommandNew());
+  for (std::size_t i = 0; i < edit.Fields().size(); ++i) edit.TypeField(i, "1");
+  ASSERT_TRUE(edit.CommandSave());
+  for (std::size_t field = 0; field < edit.Fields().size(); ++field) {
+    for (const std::string& text : texts) check(field, text);
+  }
+}
+
 TEST_F(UserData, TravelsAsCsv) {
   const auto exchange = folder.path() / "lamps.csv";
   ASSERT_TRUE(user.InitialiseLamp());
