@@ -96,6 +96,54 @@ void BM_ChooseLampToShownSelection(benchmark::State& state) {
 }
 BENCHMARK(BM_ChooseLampToShownSelection)->Unit(benchmark::kMillisecond);
 
+/// A program on the default design, with its circuit diagram not yet on show.
+std::unique_ptr<Program> designed(const Home& home) {
+  auto program = start(home);
+  Session& session = program->desktop.session();
+  for (const char* option : {"display_schematic", "display_bom"}) {
+    session.options().tick(option, false);
+  }
+  session.simple().MainButton_Click(Simple::kCalculateButton);
+  QApplication::processEvents();
+  return program;
+}
+
+void BM_FirstDisplayOfTheCircuit(benchmark::State& state) {
+  const Home home;
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto program = designed(home);
+    state.ResumeTiming();
+    program->desktop.session().images().show_schematic();
+    QApplication::processEvents();
+    state.PauseTiming();
+    program.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_FirstDisplayOfTheCircuit)->Unit(benchmark::kMillisecond)->Iterations(10);
+
+/// A frame of the circuit diagram at a zoom level, scrolled a little each time.
+void BM_ScrollTheCircuit(benchmark::State& state) {
+  const Home home;
+  auto program = designed(home);
+  ImageDisplay& images = program->desktop.session().images();
+  images.show_schematic();
+  QWidget* window = program->desktop.window("ImageDisplay");
+  window->resize(1280, 800);
+  QApplication::processEvents();
+  images.view().fit();
+  for (auto level = state.range(0); level > 0; --level) images.view().zoomIn();
+  double offset = 0;
+  for (auto _ : state) {
+    offset = offset > 300 ? 0 : offset + 20;
+    images.view().scrollTo({offset, offset / 2});
+    images.redrawRequested.raise();
+    QApplication::processEvents();
+  }
+}
+BENCHMARK(BM_ScrollTheCircuit)->ArgName("levels")->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 int main(int argc, char** argv) {

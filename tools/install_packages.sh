@@ -8,6 +8,7 @@ packages=(
   libsqlite3-dev libfmt-dev nlohmann-json3-dev libcli11-dev
   libgtest-dev libbenchmark-dev
   ngspice clang-format clang libclang-rt-14-dev
+  poppler-utils
   xvfb xdotool x11-utils
   locales
 )

@@ -6,6 +6,7 @@
 #include "app/automation_ops.h"
 #include "app/automation_time_domain.h"
 #include "app/automation_view.h"
+#include "app/design_report.h"
 
 namespace vantrel {
 
@@ -41,6 +42,7 @@ const std::unordered_map<std::string, Operation>& operations() {
       {"load", op_load},
       {"validate", op_validate},
       {"export", op_export},
+      {"print", op_print},
       {"answers", op_answers},
       {"sql", op_sql},
   };
@@ -63,16 +65,6 @@ bool is_nested_too_deep(std::string_view line) {
 }
 
 Json failure(const std::string& error) { return {{"ok", false}, {"error", error}}; }
-
-Json perform(Session& session, const Json& command) {
-  if (!command.is_object()) return failure("A command is a JSON object");
-  const std::string name = text_argument(command, "op");
-  const auto operation = operations().find(name);
-  if (operation == operations().end()) return failure("Unknown operation '" + name + "'");
-  Json reply = operation->second(session, command);
-  reply["ok"] = true;
-  return reply;
-}
 
 }  // namespace
 
@@ -130,11 +122,35 @@ Json messages_json(const SysMsg& messages, std::size_t from) {
   return list;
 }
 
+Json Automation::exportReport(const Json& command) {
+  ReportOutput output{.files = {text_argument(command, "path")}, .date = present_day()};
+  if (command.contains("date")) output.date = text_argument(command, "date");
+  if (!is_calendar_day(output.date)) throw CommandError("'date' is a day like \"2026-01-31\"");
+  if (command.contains("paper") && !set_paper(output.paper, text_argument(command, "paper"))) {
+    throw CommandError("'paper' is 'A4' or 'Letter'");
+  }
+  const std::string why = write_reports(session_, status_, reports_, output);
+  if (!why.empty()) throw CommandError(why);
+  return {{"result", true}};
+}
+
+Json Automation::perform(const Json& command) {
+  if (!command.is_object()) return failure("A command is a JSON object");
+  const std::string name = text_argument(command, "op");
+  const auto operation = operations().find(name);
+  if (operation == operations().end()) return failure("Unknown operation '" + name + "'");
+  const bool is_report = name == "export" && text_argument(command, "what") == "report";
+  Json reply = is_report ? exportReport(command) : operation->second(session_, command);
+  if (name == "set") status_.inputChanged();
+  reply["ok"] = true;
+  return reply;
+}
+
 Json Automation::run(const Json& command) {
   const std::size_t before = session_.messages().shown().size();
   Json reply;
   try {
-    reply = perform(session_, command);
+    reply = perform(command);
   } catch (const std::exception& error) {
     reply = failure(error.what());
   }

@@ -3,11 +3,11 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "app/design_status.h"
 #include "app/json_variant.h"
+#include "platform/report_export.h"
 
 namespace vantrel {
-
-class Session;
 
 /// What is wrong with a command itself: an unknown operation, a missing argument, a name that does
 /// not exist. It becomes the reply's "error".
@@ -20,7 +20,7 @@ class CommandError : public std::runtime_error {
 /// messages that the command raised in the order in which they were shown.
 class Automation {
  public:
-  explicit Automation(Session& session) : session_(session) {}
+  explicit Automation(Session& session) : session_(session), status_(session) {}
 
   /// Runs one command; never throws.
   Json run(const Json& command);
@@ -28,7 +28,12 @@ class Automation {
   Json runLine(std::string_view line);
 
  private:
+  Json perform(const Json& command);
+  Json exportReport(const Json& command);
+
   Session& session_;
+  DesignStatus status_;
+  ReportExport reports_;
 };
 
 }  // namespace vantrel

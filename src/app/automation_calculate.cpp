@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <unordered_map>
 
 #include "app/automation_ops.h"
 #include "app/automation_time_domain.h"
+#include "core/number_text.h"
 
 namespace vantrel {
 
@@ -22,6 +24,10 @@ const std::unordered_map<std::string, Calculation>& calculations() {
        [](Session& session, const Json&) -> Json {
          return session.simple().calculate_simple(true, true, true, true);
        }},
+      {"all",
+       [](Session& session, const Json&) -> Json {
+         return session.simple().TestAllCalculations();
+       }},
       {"components",
        [](Session& session, const Json& command) -> Json {
          return session.calculator().CalculateComponents(flag_argument(command, "full_bom", true),
@@ -33,7 +39,10 @@ const std::unordered_map<std::string, Calculation>& calculations() {
        [](Session& session, const Json&) -> Json { return session.transformer().Calculate(true); }},
       {"time-domain",
        [](Session& session, const Json&) -> Json {
-         return session.timeDomainGraph().GenerateTimeDomain();
+         const double result = session.timeDomainGraph().GenerateTimeDomain();
+         session.timeDomainForm().takeRun();
+         session.timeDomainForm().RedrawGraph();
+         return result;
        }},
   };
   return table;
@@ -130,12 +139,20 @@ Json op_sql(Session& session, const Json& command) {
   if (!session.database().read(text_argument(command, "text"), rows, true)) {
     throw CommandError("The query failed: " + session.database().last_error());
   }
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < rows.fieldCount(); ++i) {
+    // A further column of the same name gets a number, so that none is lost.
+    const std::string& name = rows.fieldName(i);
+    std::string own = name;
+    for (int number = 2; std::ranges::find(names, own) != names.end(); ++number) {
+      own = name + "_" + general_text(number);
+    }
+    names.push_back(std::move(own));
+  }
   Json list = Json::array();
   for (; adoaccess_class::RSOK(rows); rows.MoveNext()) {
     Json row = Json::object();
-    for (std::size_t i = 0; i < rows.fieldCount(); ++i) {
-      row[rows.fieldName(i)] = to_json(rows.at(i));
-    }
+    for (std::size_t i = 0; i < names.size(); ++i) row[names[i]] = to_json(rows.at(i));
     list.push_back(row);
   }
   return {{"rows", list}};

@@ -28,6 +28,11 @@ bool export_drawing(Session& session, const Json& command) {
   return (session.images().*show)() && session.images().export_schematic_to(path);
 }
 
+template <bool (BoardFiles::*copy)(const std::string& folder)>
+bool export_board(Session& session, const Json& command) {
+  return (session.board().*copy)(text_argument(command, "path"));
+}
+
 const std::unordered_map<std::string, Export>& exports() {
   static const std::unordered_map<std::string, Export> table{
       {"bom", export_bill},
@@ -37,7 +42,10 @@ const std::unordered_map<std::string, Export>& exports() {
       {"schematic", export_drawing<&ImageDisplay::show_schematic>},
       {"lres", export_drawing<&ImageDisplay::show_lres>},
       {"pfc", export_drawing<&ImageDisplay::show_pfc>},
-      {"transformer", export_drawing<&ImageDisplay::show_transformer>}};
+      {"transformer", export_drawing<&ImageDisplay::show_transformer>},
+      {"balance-transformer", export_drawing<&ImageDisplay::show_balancetransformer>},
+      {"gerber", export_board<&BoardFiles::exportGerberTo>},
+      {"photoplot", export_board<&BoardFiles::exportLayersTo>}};
   return table;
 }
 

@@ -28,6 +28,7 @@ Json op_save(Session& session, const Json& command);
 Json op_load(Session& session, const Json& command);
 Json op_validate(Session& session, const Json& command);
 Json op_export(Session& session, const Json& command);
+Json op_print(Session& session, const Json& command);
 Json op_answers(Session& session, const Json& command);
 Json op_sql(Session& session, const Json& command);
 

@@ -156,6 +156,8 @@ Json op_time_domain(Session& session, const Json& command) {
       command.contains("cancel_at_tick") ? number_argument(command, "cancel_at_tick") : 0;
   const CancelAtTick cancel(session, tick);
   session.timeDomainGraph().GenerateFrom(overrides);
+  session.timeDomainForm().takeRun();
+  session.timeDomainForm().RedrawGraph();
   return report_json(session.timeDomainGraph().report());
 }
 

@@ -43,21 +43,26 @@ std::string message_lines(const SysMsg& messages, std::size_t first) {
 }  // namespace
 
 int run_design(CliSession& cli, const SelectionOptions& options, const DesignOutput& output,
-               std::ostream& out, std::ostream& errors) {
+               const ReportOutput& reports, std::ostream& out, std::ostream& errors) {
   if (!applied(cli, options, errors)) return kExitBadInput;
   Session& session = cli.session();
+  const DesignStatus status(session);
   cli.keepMessagesQuiet();
   const std::size_t first_message = session.messages().shown().size();
   const bool done = run_chain(session, !options.fixes.empty());
   const bool simulated = !output.folder.empty() && done && simulate_start(session);
   out << design_summary(session) << message_lines(session.messages(), first_message);
+  std::string why;
   if (!output.folder.empty()) {
-    const std::string why =
-        write_design(session, design_json(session, done, first_message), simulated, output);
-    if (!why.empty()) {
-      errors << "vantrel-cli: " << why << '\n';
-      return kExitBadInput;
-    }
+    why = write_design(session, design_json(session, done, first_message), simulated, output);
+  }
+  if (why.empty()) {
+    ReportExport writer;
+    why = write_reports(session, status, writer, reports);
+  }
+  if (!why.empty()) {
+    errors << "vantrel-cli: " << why << '\n';
+    return kExitBadInput;
   }
   return done ? kExitDone : kExitEndedEarly;
 }

@@ -5,6 +5,7 @@
 
 #include "app/cli_session.h"
 #include "app/design_document.h"
+#include "app/design_report.h"
 #include "app/selection_options.h"
 
 namespace vantrel {
@@ -13,9 +14,9 @@ namespace vantrel {
 
 /// Applies the options, runs the whole chain, prints the design with its messages below, and writes
 /// the files of the design unless the folder of `output` is empty; for these its start is
-/// simulated.
+/// simulated. Reports are written of any design, also of one that has ended early.
 int run_design(CliSession& cli, const SelectionOptions& options, const DesignOutput& output,
-               std::ostream& out, std::ostream& errors);
+               const ReportOutput& reports, std::ostream& out, std::ostream& errors);
 /// Prints the items of the slot "ic", "input", "lamp" or "config" that the selection allows.
 int run_list(CliSession& cli, const std::string& slot, const SelectionOptions& options,
              std::ostream& out, std::ostream& errors);

@@ -12,6 +12,25 @@ namespace {
 
 using namespace vantrel;
 
+/// The options of `design` that are about reports.
+void add_report_options(CLI::App& design, ReportOutput& reports) {
+  const CLI::Validator form(
+      [](std::string& file) { return ReportExport::refusal(file).value_or(""); }, "PDF or HTML");
+  const CLI::Validator day(
+      [](std::string& text) {
+        return is_calendar_day(text) ? std::string() : "'" + text + "' is no day like 2026-01-31";
+      },
+      "DAY");
+  design.add_option("--report", reports.files, "Design report, .pdf or .html; may be repeated")
+      ->check(form);
+  design.add_option("--date", reports.date, "Date on the report, today without it")->check(day);
+  design
+      .add_option_function<std::string>(
+          "--paper", [&reports](const std::string& name) { set_paper(reports.paper, name); },
+          "Paper of a PDF report: A4 or Letter")
+      ->check(CLI::IsMember({"A4", "Letter"}, CLI::ignore_case));
+}
+
 int run(int argc, char** argv) {
   CLI::App program{"Design assistant for electronic lamp ballasts and electronic transformers",
                    "vantrel-cli"};
@@ -26,6 +45,7 @@ int run(int argc, char** argv) {
   std::string slot;
   std::string script;
   DesignOutput output;
+  ReportOutput reports{.files = {}, .date = present_day()};
 
   CLI::App* design = program.add_subcommand("design", "Design a ballast and print the result");
   add_selection_options(*design, selection);
@@ -36,6 +56,7 @@ int run(int argc, char** argv) {
       ->add_option("--waveform-step", output.waveform_step,
                    "Write each Nth sample of the waveforms (50 ns apart)")
       ->check(CLI::PositiveNumber);
+  add_report_options(*design, reports);
 
   CLI::App* list = program.add_subcommand("list", "List what the selection allows");
   list->add_option("slot", slot, "What to list")
@@ -66,7 +87,8 @@ int run(int argc, char** argv) {
   if (check->parsed()) return run_check(places, selection, std::cout, std::cerr);
   const auto session = CliSession::start(places, std::cerr);
   if (session == nullptr) return kExitBadInput;
-  if (design->parsed()) return run_design(*session, selection, output, std::cout, std::cerr);
+  if (design->parsed())
+    return run_design(*session, selection, output, reports, std::cout, std::cerr);
   if (list->parsed()) return run_list(*session, slot, selection, std::cout, std::cerr);
   return run_script(*session, script, std::cin, std::cout, std::cerr);
 }

@@ -35,7 +35,12 @@ std::unique_ptr<CliSession> CliSession::start(const CliPlaces& places, std::ostr
       .makeTimer = [] { return std::make_unique<ImmediateTimer>(); },
       .writePicture = [pictures = &cli->pictures_](
                           const auto& file,
-                          const Picture& picture) { return pictures->write(file, picture); }};
+                          const Picture& picture) { return pictures->write(file, picture); },
+      .writePages =
+          [pictures = &cli->pictures_](const auto& file, const PrintJob& job,
+                                       const PaperSetup& setup) {
+            return pictures->writePages(file, job, setup);
+          }};
   cli->session_ =
       std::make_unique<Session>(program_folder(places, *cli->settings_), ports, kProgramVersion);
   cli->session_->messages().onMessage = [&errors](const Message& message) {

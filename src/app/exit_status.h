@@ -7,7 +7,7 @@ enum ExitStatus {
   kExitDone = 0,        ///< The chain ran to its end.
   kExitWrongUse = 1,    ///< The command line itself is wrong.
   kExitBadInput = 3,    ///< An unknown name or an unreadable file.
-  kExitEndedEarly = 5,  ///< The chain ended early and said why.
+  kExitEndedEarly = 5,  ///< The chain ended early, a check found faults, or a sweep lost a worker.
 };
 
 }  // namespace vantrel

@@ -39,7 +39,32 @@ std::vector<KeyNumber> shown_fields(Advanced& advanced, const char* const (&name
   return column;
 }
 
+void add_inductor(Session& session, std::vector<KeyNumber>& column) {
+  Inductor& inductor = session.inductor();
+  if (inductor.field("ind_numberofturns", 0).IsItEmpty()) return;
+  column.push_back({"LRES Core", shown_core(*inductor.findPullDown("ind_comboCore", 0)), ""});
+}
+
+void add_transformer(Session& session, std::vector<KeyNumber>& column) {
+  Transformer& transformer = session.transformer();
+  if (transformer.field("tfr_primaryturns").IsItEmpty()) return;
+  column.push_back(
+      {"Transformer Core", shown_core(*transformer.findPullDown("tfr_ComboCore")), ""});
+  for (const char* name : kTransformerFields) {
+    const VTLValue& field = transformer.field(name);
+    column.push_back({trimmed(field.ValueLabel()), field.DisplayText(), field.UnitText()});
+  }
+}
+
 }  // namespace
+
+std::array<std::vector<KeyNumber>, 2> result_numbers(Session& session) {
+  std::array<std::vector<KeyNumber>, 2> columns{shown_fields(session.advanced(), kOperatingFields),
+                                                shown_fields(session.advanced(), kComponentFields)};
+  if (session.advanced().says_yes("allow_inductor")) add_inductor(session, columns[1]);
+  if (session.advanced().says_yes("allow_transformer")) add_transformer(session, columns[0]);
+  return columns;
+}
 
 std::string ResultSummary::heading() const {
   const std::int32_t number = status_.calculationNumber();
@@ -74,32 +99,6 @@ std::string ResultSummary::outcomeText() const {
 
 std::string ResultSummary::note() const {
   return status_.releasedFixedValues() ? "Fixed values of L, C or Lamp Power were released" : "";
-}
-
-std::array<std::vector<KeyNumber>, 2> ResultSummary::numbers() const {
-  std::array<std::vector<KeyNumber>, 2> columns{
-      shown_fields(session_.advanced(), kOperatingFields),
-      shown_fields(session_.advanced(), kComponentFields)};
-  if (session_.advanced().says_yes("allow_inductor")) addInductor(columns[1]);
-  if (session_.advanced().says_yes("allow_transformer")) addTransformer(columns[0]);
-  return columns;
-}
-
-void ResultSummary::addInductor(std::vector<KeyNumber>& column) const {
-  Inductor& inductor = session_.inductor();
-  if (inductor.field("ind_numberofturns", 0).IsItEmpty()) return;
-  column.push_back({"LRES Core", shown_core(*inductor.findPullDown("ind_comboCore", 0)), ""});
-}
-
-void ResultSummary::addTransformer(std::vector<KeyNumber>& column) const {
-  Transformer& transformer = session_.transformer();
-  if (transformer.field("tfr_primaryturns").IsItEmpty()) return;
-  column.push_back(
-      {"Transformer Core", shown_core(*transformer.findPullDown("tfr_ComboCore")), ""});
-  for (const char* name : kTransformerFields) {
-    const VTLValue& field = transformer.field(name);
-    column.push_back({trimmed(field.ValueLabel()), field.DisplayText(), field.UnitText()});
-  }
 }
 
 std::vector<OutputEntry> ResultSummary::outputs() const {

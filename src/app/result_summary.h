@@ -21,6 +21,10 @@ struct OutputEntry {
   const char* reason = "";  ///< Why it is disabled.
 };
 
+/// The key numbers of a design: operating points, and components with the magnetics. What does not
+/// apply or has no value is left out.
+std::array<std::vector<KeyNumber>, 2> result_numbers(Session& session);
+
 /// What `Simple` tells of the last run beside its choices. It reads the results and decides
 /// nothing.
 class ResultSummary {
@@ -38,15 +42,12 @@ class ResultSummary {
   std::string outcomeText() const;
   /// What the run has done besides; empty when there is nothing to say.
   std::string note() const;
-  /// The numbers on show, as two columns; what does not apply or has no value is left out.
-  std::array<std::vector<KeyNumber>, 2> numbers() const;
+  /// The numbers on show, as two columns.
+  std::array<std::vector<KeyNumber>, 2> numbers() const { return result_numbers(session_); }
   /// The output windows in order, always six.
   std::vector<OutputEntry> outputs() const;
 
  private:
-  void addInductor(std::vector<KeyNumber>& column) const;
-  void addTransformer(std::vector<KeyNumber>& column) const;
-
   Session& session_;
   const DesignStatus& status_;
 };

@@ -56,9 +56,11 @@ Session::Session(ProgramFolder folder, SessionPorts ports, std::string_view prog
       operating_points_(advanced_, targets_, missing_fields_, messages_, operatingPointsHooks()),
       history_(advanced_, bars_[kAdvancedBar], messages_, historyHooks()),
       cores_(database_),
-      inductor_(field_context_, advanced_, input_loader_, missing_fields_, cores_, designerHooks()),
+      inductor_(field_context_, advanced_, input_loader_, missing_fields_, cores_,
+                designerHooks("Inductor", [this] { images_.show_lres(); })),
       transformer_(field_context_, advanced_, input_loader_, missing_fields_, cores_,
-                   designerHooks()),
+                   designerHooks("Transformer", [this] { images_.show_transformer(); })),
+      printing_(messages_, please_wait_, ports_.dialogs, folder_, printingHooks()),
       table_export_(messages_, ports_.dialogs, folder_),
       bill_(field_context_, bom_store_, table_export_, billHooks()),
       board_(messages_, ports_.dialogs, folder_),
@@ -82,10 +84,14 @@ Session::~Session() { EndSession(); }
 void Session::connectScreens() {
   for (Screen* screen : std::initializer_list<Screen*>{
            &simple_, &advanced_, &inductor_, &transformer_, &calculator_, &graph_operating_points_,
-           &graph_time_domain_, &bill_, &options_, &images_, &schematic_check_}) {
+           &graph_time_domain_, &bill_, &options_, &images_, &schematic_check_, &output_circuit_}) {
     screens_.add(*screen);
   }
   advanced_.setCommands(advancedCommands());
+  time_domain_form_.onStates = [this] { output_circuit_.SetStates(); };
+  graph_time_domain_.layoutChanged.connect([this] {
+    if (!graph_time_domain_.visible() && output_circuit_.visible()) output_circuit_.visible(false);
+  });
   please_wait_.cancelled.connect([this] { simple_.CancelTest(); });
   browser_.itemSelected.connect([this](int slot) { advanced_.show_tabstrip_for_selection(slot); });
 }
@@ -107,6 +113,12 @@ std::optional<std::string> Session::writePicture(const std::filesystem::path& fi
                                                  const Picture& picture) const {
   if (!ports_.writePicture) return "this program draws no pictures";
   return ports_.writePicture(file, picture);
+}
+
+std::optional<std::string> Session::writePages(const std::filesystem::path& file,
+                                               const PrintJob& job, const PaperSetup& setup) const {
+  if (!ports_.writePages) return "this program prints no pages";
+  return ports_.writePages(file, job, setup);
 }
 
 bool Session::selectVoltageMode() {

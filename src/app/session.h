@@ -30,6 +30,7 @@
 #include "outputs/bill_of_materials.h"
 #include "outputs/board_files.h"
 #include "outputs/image_display.h"
+#include "outputs/printing.h"
 #include "outputs/validate_schematic.h"
 #include "selection/browser_control.h"
 #include "selection/control_bar.h"
@@ -64,6 +65,7 @@ struct SessionPorts {
   FileDialogs* dialogs = nullptr;
   ShellOpen* shell = nullptr;
   PictureWriter writePicture = {};
+  PageWriter writePages = {};
 };
 
 /// The composition root: makes every object of a run, wires them together, and brings the run up
@@ -150,9 +152,20 @@ class Session {
   GraphTD& timeDomainGraph() { return graph_td_; }
   TimeDomainView& timeDomainView() { return time_domain_view_; }
   GraphTimeDomain& timeDomainForm() { return time_domain_form_; }
+  /// The output circuit beside the graph, with the traces that are shown marked in it.
+  TimeDomainRCL& outputCircuit() { return output_circuit_; }
   /// Writes a picture in the format of the file's extension; gives the reason when it fails.
   std::optional<std::string> writePicture(const std::filesystem::path& file,
                                           const Picture& picture) const;
+  Printing& printing() { return printing_; }
+  /// Prints what a screen shows, by the screen's name; a screen that is not printed does nothing.
+  void printScreen(std::string_view screen);
+  /// The sheet that everything is printed on, as the user has set it up.
+  PaperSetup paperSetup() const { return read_paper_setup(ports_.settings); }
+  void paperSetup(const PaperSetup& setup) { store_paper_setup(ports_.settings, setup); }
+  /// Writes a print job as a PDF file; gives the reason when it fails.
+  std::optional<std::string> writePages(const std::filesystem::path& file, const PrintJob& job,
+                                        const PaperSetup& setup) const;
   /// The bar of a screen that has one, by the screen's name; nothing for any other.
   control_bar* bar(std::string_view screen);
   SelectionDetails& details() { return details_; }
@@ -185,7 +198,8 @@ class Session {
   void gateDesigners();
   FieldContext fieldContext();
   CalculatorServices calculatorServices();
-  DesignerHooks designerHooks();
+  DesignerHooks designerHooks(const char* name, std::function<void()> drawing);
+  PrintingHooks printingHooks();
   UserDataHooks userDataHooks();
   TimeDomainServices timeDomainServices();
   SelectionHooks selectionHooks();
@@ -244,6 +258,7 @@ class Session {
   Inductor inductor_;
   Transformer transformer_;
   BomStore bom_store_;
+  Printing printing_;
   TableExport table_export_;
   bill_of_materials bill_;
   BoardFiles board_;
@@ -255,6 +270,7 @@ class Session {
   GraphTD graph_td_;
   TimeDomainView time_domain_view_{graph_td_, messages_};
   GraphTimeDomain time_domain_form_{graph_td_, time_domain_view_};
+  TimeDomainRCL output_circuit_{field_context_, time_domain_form_};
   EditUserData user_data_{database_, messages_, ports_.dialogs, userDataHooks()};
   std::vector<BarLink> web_links_;
 };

@@ -75,7 +75,7 @@ ControlBarHooks Session::barHooks(const char* owner) {
     return runCommand(name, command, argument);
   };
   hooks.isBusy = [this] { return busy_; };
-  hooks.print_form = [this, name = hooks.owner] { call_view(views_.printForm, name); };
+  hooks.print_form = [this, name = hooks.owner] { printScreen(name); };
   hooks.showAbout = [this] { call_view(views_.showAbout); };
   hooks.StartAboutUpdateCheck = [this] { call_view(views_.checkForUpdate); };
   hooks.helpPage = [this] {
@@ -112,7 +112,7 @@ bool Session::runCommand(const std::string& owner, const std::string& command,
       {"c_lres", [this] { images_.show_lres(); }},
       {"c_pfc", [this] { images_.show_pfc(); }},
       {"c_transformer", [this] { images_.show_transformer(); }},
-      {"c_photoplot", [this] { board_.export_layers(); }},
+      {"c_photoplot", [this] { images_.show_photoplot(); }},
       {"c_graph_td", [this] { showTimeDomain(); }},
       {"c_graph_op", [this] { showGraph(); }},
       {"c_diagnostics", [this] { call_view(views_.showDiagnostics); }},
@@ -130,6 +130,12 @@ SelectionHooks Session::selectionHooks() {
   SelectionHooks hooks;
   hooks.setFramesFromTabstrips = [this] { advanced_.set_frames_from_tabstrips(); };
   hooks.clearComputedComponents = [this] { bom_store_.clear(); };
+  // The designers build their lists anew for another IC only; a line input or a lamp leaves them.
+  hooks.magneticsSelectionChanged = [this](int slot) {
+    if (slot != kSlotIc) return;
+    inductor_.ReInitialise();
+    transformer_.ReInitialise();
+  };
   hooks.resetAdvanced = [this] { advanced_.Reset(); };
   hooks.setAdvancedLayout = [this] {
     advanced_.set_layout();
@@ -256,6 +262,9 @@ SimpleHooks Session::simpleHooks() {
   hooks.clearComputedComponents = [this] { bom_store_.clear(); };
   hooks.isBusy = [this] { return busy_; };
   hooks.setBusy = [this](bool busy) { busy_ = busy; };
+  hooks.startTest = [this] { please_wait_.Start("Testing all combinations", -1); };
+  hooks.stillTesting = [this] { please_wait_.StillCalculating(); };
+  hooks.finishTest = [this] { please_wait_.Finish(); };
   hooks.refresh = [this] { call_view(views_.repaint); };
   hooks.saveWindowPosition = [this] { call_view(views_.saveWindowPositions); };
   hooks.stopProcess = [this] { call_view(views_.stopProcess); };
@@ -271,7 +280,7 @@ AdvancedCommands Session::advancedCommands() {
   commands.Calculate = [this] { calculate([this] { return operating_points_.Calculate(true); }); };
   commands.DrawGraph = [this] { showGraph(); };
   commands.focusInputTabs = [this] { call_view(views_.focusInputTabs); };
-  commands.PrintScreen = [this] { call_view(views_.printForm, advanced_.name()); };
+  commands.PrintScreen = [this] { printScreen(advanced_.name()); };
   commands.designInductors = [this] { calculate([this] { return inductor_.Calculate(true); }); };
   commands.designTransformer = [this] {
     calculate([this] { return transformer_.Calculate(true); });
@@ -338,6 +347,10 @@ UserDataHooks Session::userDataHooks() {
     // Its values have changed, so they are loaded anew, and results of the old ones go.
     if (edited == selected) browser_.ItemSelect(false, kSlotLamp, selected, true, false, true);
   };
+  hooks.selectSaveFile = [this](std::string_view title, std::string_view name,
+                                std::string_view filter) {
+    return printing_.select_savefile(title, name, filter);
+  };
   hooks.coresChanged = [this] {
     inductor_.ReInitialise();
     transformer_.ReInitialise();
@@ -345,9 +358,23 @@ UserDataHooks Session::userDataHooks() {
   return hooks;
 }
 
-DesignerHooks Session::designerHooks() {
+DesignerHooks Session::designerHooks(const char* name, std::function<void()> drawing) {
   DesignerHooks hooks;
+  hooks.print = [this, name] { printScreen(name); };
+  hooks.showDatasheet = std::move(drawing);
   hooks.editUserData = [this] { editUserData(UserDataKind::Cores); };
+  return hooks;
+}
+
+PrintingHooks Session::printingHooks() {
+  PrintingHooks hooks;
+  hooks.nameOfSelection = [this](int slot) { return selectionName(slot); };
+  hooks.output = [this](const PrintJob& job, bool preview) {
+    if (busy_) return;
+    // The dialogs let events in, and the design must not change between two pages.
+    const Raised busy(busy_);
+    call_view(views_.print, job, preview);
+  };
   return hooks;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "app/print_jobs.h"
 #include "app/session.h"
 
 namespace vantrel {
@@ -13,7 +14,7 @@ BillHooks Session::billHooks() {
   hooks.highlight = [this](const std::vector<std::string>& references) {
     if (images_.isSchematicDisplayed()) images_.StartHighlight(references);
   };
-  hooks.print = [this](const TableGrid& grid) { call_view(views_.printTable, bill_.name(), grid); };
+  hooks.print = [this](const TableGrid& grid) { printing_.print_table(grid, bill_.caption()); };
   return hooks;
 }
 
@@ -22,8 +23,9 @@ ImageHooks Session::imageHooks() {
   hooks.targetName = [this] { return to_text(details_.TargetDetails(kTargetName)); };
   hooks.configName = [this] { return details_.ConfigDetails(kConfigShortCode); };
   hooks.calculate_simple = [this] { return simple_.calculate_simple(true, true, true, true); };
-  hooks.print = [this](const Picture& picture) { call_view(views_.printPicture, picture); };
+  hooks.print = [this](const Picture& picture) { printing_.print_picture(picture); };
   hooks.export_gerber = [this] { board_.export_gerber(); };
+  hooks.export_layers = [this] { board_.export_layers(); };
   hooks.writePicture = [this](const auto& file, const Picture& picture) {
     return writePicture(file, picture);
   };
@@ -47,6 +49,10 @@ ValidateHooks Session::validateHooks() {
     call_view(views_.markInBill, reference);
   };
   return hooks;
+}
+
+void Session::printScreen(std::string_view screen) {
+  if (const auto job = print_job(*this, screen)) printing_.output(*job);
 }
 
 void Session::showGraph() {

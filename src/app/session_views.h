@@ -5,9 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include "core/device_context.h"
+#include "core/print_job.h"
 #include "core/vtl_value.h"
-#include "outputs/table_grid.h"
 
 namespace vantrel {
 
@@ -29,12 +28,8 @@ struct SessionViews {
   std::function<void()> showAbout;
   std::function<void()> checkForUpdate;
   std::function<void()> showDiagnostics;
-  /// Prints the window of a screen, by the screen's name.
-  std::function<void(const std::string& screen)> printForm;
-  /// Prints the grid of a screen under its caption.
-  std::function<void(const std::string& screen, const TableGrid& grid)> printTable;
-  /// Prints a picture on one page, which is landscape when the picture is wide.
-  std::function<void(const Picture& picture)> printPicture;
+  /// Asks for a printer and prints a job, or shows it as it would be printed.
+  std::function<void(const PrintJob& job, bool preview)> print;
   /// Asks the user whether the run may end and ends it; takes the place of the session's own end.
   std::function<void()> quit;
   /// Ends the process, after everything has been closed.

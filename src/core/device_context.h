@@ -144,6 +144,8 @@ class DeviceContext {
   void ellipse(const Box& box) { drawEllipse(box); }
   /// One line of UTF-8 text.
   void text(Point at, std::string_view words) { drawText(at, words); }
+  /// A bitmap as its file's bytes, stretched over a box; one that cannot be read leaves no trace.
+  void image(const Box& box, std::span<const std::uint8_t> file) { drawImage(box, file); }
   /// Width and height of a line of text in the present font, along its direction.
   virtual Size textExtent(std::string_view words) = 0;
 
@@ -159,6 +161,7 @@ class DeviceContext {
   virtual void drawRectangle(const Box& box) = 0;
   virtual void drawEllipse(const Box& box) = 0;
   virtual void drawText(Point at, std::string_view words) = 0;
+  virtual void drawImage(const Box& box, std::span<const std::uint8_t> file) = 0;
 
   DrawingState& change() {
     changed_ = true;

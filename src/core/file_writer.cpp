@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 16;
+constexpr mode_t kCommonMode = 0666;
 
 /// Leaves `write_file` from wherever a step has failed.
 struct WriteFailure {
@@ -60,21 +61,35 @@ std::string random_name() {
   return ".vantrel-" + std::string(digits.begin(), end) + ".tmp";
 }
 
-/// A new file that is removed again unless it was renamed.
+/// Runs `step` on new names in a folder until one is free; nothing when it fails otherwise.
+std::optional<fs::path> under_free_name(const fs::path& folder,
+                                        const std::function<bool(const fs::path&)>& step) {
+  for (int tries = 0; tries < kMostNames; ++tries) {
+    fs::path path = folder / random_name();
+    if (step(path)) return path;
+    if (errno != EEXIST) break;
+  }
+  return std::nullopt;
+}
+
+/// A new file that is gone again unless it was renamed. While it is written it has no name where
+/// the file system can do without, so that a process that is killed leaves nothing behind.
 class TemporaryFile {
  public:
-  TemporaryFile(const fs::path& folder, const FileCalls& calls) : calls_(calls) {
+  TemporaryFile(fs::path folder, const FileCalls& calls)
+      : calls_(calls), folder_(std::move(folder)) {
     // Made with the common mode, so that the user's mask decides as for any other file.
-    for (int tries = 0; tries < kMostNames && file_ < 0; ++tries) {
-      path_ = folder / random_name();
-      file_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-      if (file_ < 0 && errno != EEXIST) break;
-    }
-    if (file_ < 0) fail(errno);
+    file_ = ::open(folder_.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, kCommonMode);
+    if (file_ >= 0) return;
+    path_ = under_free_name(folder_, [this](const fs::path& path) {
+      file_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kCommonMode);
+      return file_ >= 0;
+    });
+    if (!path_) fail(errno);
   }
   ~TemporaryFile() {
     if (file_ >= 0) ::close(file_);
-    if (!renamed_) ::unlink(path_.c_str());
+    if (path_ && !renamed_) ::unlink(path_->c_str());
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -95,14 +110,25 @@ class TemporaryFile {
 
   void commit(const fs::path& target) {
     if (calls_.sync(file_) != 0) fail(errno);
+    if (!path_) giveName();
     if (::close(std::exchange(file_, -1)) != 0) fail(errno);
-    if (calls_.rename(path_.c_str(), target.c_str()) != 0) fail(errno);
+    if (calls_.rename(path_->c_str(), target.c_str()) != 0) fail(errno);
     renamed_ = true;
   }
 
  private:
+  /// A link cannot replace a file, so the finished one gets a name that can be renamed.
+  void giveName() {
+    const std::string open_file = "/proc/self/fd/" + std::to_string(file_);
+    path_ = under_free_name(folder_, [&](const fs::path& path) {
+      return ::linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    });
+    if (!path_) fail(errno);
+  }
+
   const FileCalls& calls_;
-  fs::path path_;
+  fs::path folder_;
+  std::optional<fs::path> path_;
   int file_ = -1;
   bool renamed_ = false;
 };

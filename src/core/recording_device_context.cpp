@@ -98,6 +98,11 @@ void RecordingDeviceContext::drawEllipse(const Box& box) {
   keep(DrawingCall::Kind::Ellipse, corners);
 }
 
+void RecordingDeviceContext::drawImage(const Box& box, std::span<const std::uint8_t> /*file*/) {
+  const Point corners[] = {{box.left, box.top}, {box.right(), box.bottom()}};
+  keep(DrawingCall::Kind::Image, corners);
+}
+
 void RecordingDeviceContext::drawText(Point at, std::string_view words) {
   calls_.push_back({DrawingCall::Kind::Text, {at}, std::string(words), state(), textExtent(words)});
 }

@@ -9,11 +9,11 @@
 
 namespace vantrel {
 
-/// One drawn shape and the state it was drawn in. A rectangle and an ellipse have the two opposite
-/// corners of their box as points, a text its position. Each outline of a poly-polygon is a call of
-/// its own.
+/// One drawn shape and the state it was drawn in. A rectangle, an ellipse and an image have the
+/// two opposite corners of their box as points, a text its position. Each outline of a poly-polygon
+/// is a call of its own.
 struct DrawingCall {
-  enum class Kind { Polyline, Polygon, PolyPolygon, Rectangle, Ellipse, Text };
+  enum class Kind { Polyline, Polygon, PolyPolygon, Rectangle, Ellipse, Text, Image };
   Kind kind;
   std::vector<Point> points;
   std::string text;
@@ -45,6 +45,7 @@ class RecordingDeviceContext : public DeviceContext {
   void drawRectangle(const Box& box) override;
   void drawEllipse(const Box& box) override;
   void drawText(Point at, std::string_view words) override;
+  void drawImage(const Box& box, std::span<const std::uint8_t> file) override;
   void keep(DrawingCall::Kind kind, std::span<const Point> points);
 
   Size size_;

@@ -17,7 +17,7 @@ constexpr std::string_view kTransformerFolder = "\\Graphics\\Schematic\\Transfor
 constexpr std::string_view kCoreFolder = "\\Graphics\\Schematic\\CoreDiagrams\\";
 constexpr std::string_view kCircuitFolder = "\\Graphics\\Schematic\\IC\\";
 /// Between two pictures of a document.
-constexpr double kGap = 24;
+constexpr double kOverlayGap = 24;
 
 using Texts = std::array<std::string, kOverlayCount>;
 
@@ -146,11 +146,28 @@ bool ImageDisplay::show_balancetransformer() {
   return show("Balance Transformer", "BTRANSFORMER") && drawn;
 }
 
+bool ImageDisplay::show_photoplot() {
+  constexpr double kHeading = 18;
+  Reset();
+  bool drawn = true;
+  Point at;
+  for (const char* layer : {"Layer1", "Layer2", "Layer3"}) {
+    add_text("Arial", at.x, at.y + kHeading / 2, kHeading * 0.75, layer);
+    drawn = add_picture(layer, std::string("\\Graphics\\").append(layer).append(".gif"), at.x,
+                        at.y + kHeading) &&
+            drawn;
+    // Two beside each other, the third below them.
+    const Size size = document_.size();
+    at = at.x > 0 ? Point{0, size.height + kOverlayGap} : Point{size.width + kOverlayGap, at.y};
+  }
+  return show("Board Photoplot", kPhotoplot) && drawn;
+}
+
 /// The drawing of the core stands to the right of the winding's; a design without a core has none.
 bool ImageDisplay::addCore(const std::string& core) {
   if (core.empty()) return true;
   const std::string size = StripCharacter(StripCharacter(core, '-'), '/');
-  return add_picture("Core", in_folder(kCoreFolder, size), document_.size().width + kGap, 0);
+  return add_picture("Core", in_folder(kCoreFolder, size), document_.size().width + kOverlayGap, 0);
 }
 
 void ImageDisplay::Reset() {
@@ -218,6 +235,8 @@ bool ImageDisplay::execute_command(std::string_view key) {
     if (changed) redrawRequested.raise();
   } else if (key == "c_print") {
     PrintScreen();
+  } else if (key == "c_export_schematic" && short_name_ == kPhotoplot) {
+    if (hooks_.export_layers) hooks_.export_layers();
   } else if (key == "c_export_schematic") {
     export_schematic();
   } else if (key == "c_export_gerber") {

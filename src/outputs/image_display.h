@@ -38,6 +38,7 @@ struct ImageHooks {
   std::function<bool()> calculate_simple;
   std::function<void(const Picture& picture)> print = {};
   std::function<void()> export_gerber = {};
+  std::function<void()> export_layers = {};
   PictureWriter writePicture = {};
   std::function<std::unique_ptr<Timer>()> makeTimer;
   Clock* clock = nullptr;  ///< Bounds the time that one picture may take.
@@ -49,9 +50,8 @@ class ImageDisplay : public Screen {
  public:
   static constexpr std::string_view kSchematic = "SCHEMATIC";
   static constexpr std::string_view kPfc = "PFC";
+  static constexpr std::string_view kPhotoplot = "PHOTOPLOT";
   static constexpr std::string_view kExportTitle = "Export Schematic Image";
-  static constexpr std::string_view kExportFilter =
-      "Bitmap (*.bmp)|*.bmp|PNG (*.png)|*.png|SVG (*.svg)|*.svg|PDF (*.pdf)|*.pdf";
 
   ImageDisplay(FieldContext& context, const ImageSources& sources, FileDialogs* dialogs,
                ImageHooks hooks = {});
@@ -63,6 +63,8 @@ class ImageDisplay : public Screen {
   bool show_pfc();
   bool show_transformer();
   bool show_balancetransformer();
+  /// The layers of the reference board.
+  bool show_photoplot();
 
   /// Empties the document.
   void Reset();

@@ -41,6 +41,7 @@ struct ImagePicture {
   std::string path;  ///< In the file system; empty when there is no such file.
   Box box;           ///< In the document.
   std::vector<std::uint8_t> bytes;
+  bool isBitmap = false;  ///< The bytes are a GIF, PNG or BMP file, else a metafile.
   SchematicTexts texts;
   DrawingLayout layout;
   double unit = 1;  ///< Pixels to a unit of the drawing.
@@ -55,7 +56,8 @@ class ImageDocument {
   explicit ImageDocument(const ProgramFolder& folder) : folder_(folder) {}
 
   void clear();
-  /// False when the file is missing or no placeable metafile; the picture then shows its name.
+  /// False when the file is missing, or neither a placeable metafile nor a bitmap; the picture then
+  /// shows its name.
   bool add_picture(std::string_view name, std::string_view file, Point at);
   /// Prints texts over the last picture. Entries without text or numbers are left out.
   void add_overlays(const OverlayTable& overlays);

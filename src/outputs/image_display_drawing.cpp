@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/save_dialog.h"
 #include "core/theme.h"
 #include "outputs/image_display.h"
 #include "outputs/metafile_player.h"
@@ -14,6 +15,9 @@ Colour paper() { return ink(Role::Panel); }
 
 /// 6 pt: smaller texts cannot be read on a screen.
 constexpr double kSmallestOnScreen = 8;
+/// Values are the smallest texts; enlarged by this they are as large as the designators.
+constexpr double kMostEnlarged = 1.13;
+constexpr double kSmallestValue = 6;
 constexpr VerticalAlign kMiddle = VerticalAlign::Middle;
 constexpr HorizontalAlign kCentre = HorizontalAlign::Centre;
 
@@ -54,6 +58,10 @@ void draw_plate(DeviceContext& surface, const Box& ring, const std::string& refe
 
 void ImageDisplay::renderPicture(DeviceContext& surface, const ImagePicture& picture,
                                  const Box& box) const {
+  if (picture.isBitmap) {
+    surface.image(box, picture.bytes);
+    return;
+  }
   if (!picture.bytes.empty()) {
     PlayLimits limits;
     limits.clock = hooks_.clock;
@@ -80,15 +88,19 @@ void ImageDisplay::renderTexts(DeviceContext& surface, Point at, double scale,
 void ImageDisplay::renderValues(DeviceContext& surface, const ImagePicture& picture, const Box& box,
                                 double scale, double smallest, const Values& known) const {
   surface.setTextColour(ink(Role::Muted));
-  surface.setTextAlign({HorizontalAlign::Left, kMiddle});
   const double unit = picture.unit * scale;
   for (const auto& [reference, slot] : picture.layout.values) {
     const auto value = known.find(reference);
     if (value == known.end() || value->second.empty()) continue;
-    // Enlarged, a value would lie over its neighbours; the pointer tells it meanwhile.
-    if (slot.size * unit < smallest) continue;
-    surface.setFont({.size = slot.size * unit});
-    surface.text(on_surface({box.left, box.top}, unit, slot.at), value->second);
+    // Larger than its designator a value would lie over its neighbours; where it cannot be read,
+    // the pointer tells it.
+    const double drawn = slot.text.size * unit;
+    const double size = std::min(std::max(drawn, smallest), drawn * kMostEnlarged);
+    if (size < std::min(smallest, kSmallestValue)) continue;
+    surface.setFont({.size = size});
+    if (surface.textExtent(value->second).width > slot.width * unit) continue;
+    surface.setTextAlign({slot.align, kMiddle});
+    surface.text(on_surface({box.left, box.top}, unit, slot.text.at), value->second);
   }
 }
 
@@ -137,11 +149,9 @@ void ImageDisplay::PrintScreen() {
 }
 
 bool ImageDisplay::export_schematic() {
-  if (dialogs_ == nullptr) return false;
-  const auto proposed = sources_.folder.writable("\\Export\\" + short_name_ + ".bmp");
-  const auto path =
-      dialogs_->askSave(kExportTitle, kExportFilter, proposed ? proposed->string() : "");
-  return path && !path->empty() && export_schematic_to(*path);
+  const std::string path = select_savefile(dialogs_, sources_.folder, kExportTitle,
+                                           short_name_ + ".bmp", kPictureFilter);
+  return !path.empty() && export_schematic_to(path);
 }
 
 bool ImageDisplay::export_schematic_to(const std::string& path) {

@@ -38,23 +38,31 @@ std::optional<std::vector<double>> numbers_of(std::span<const std::string_view> 
 
 TextSlot slot_of(std::span<const double> numbers) { return {{numbers[0], numbers[1]}, numbers[2]}; }
 
-void read_line(DrawingLayout& layout, std::span<const std::string_view> words) {
-  constexpr std::size_t kSlotWords = 5;
-  constexpr std::size_t kBoxWords = 6;
-  if (words.size() < kSlotWords || words.size() > kBoxWords) return;
-  const auto numbers = numbers_of(words.subspan(2));
-  if (!numbers) return;
-  const std::string key(words[1]);
-  if (words.size() == kBoxWords) {
-    const std::vector<double>& n = *numbers;
-    if (words[0] == "component") layout.components[key] = {n[0], n[1], n[2] - n[0], n[3] - n[1]};
-    return;
-  }
-  if (words[0] == "value") layout.values[key] = slot_of(*numbers);
-  if (words[0] != "overlay") return;
+std::optional<HorizontalAlign> align_of(std::string_view word) {
+  if (word == "left") return HorizontalAlign::Left;
+  if (word == "centre") return HorizontalAlign::Centre;
+  if (word == "right") return HorizontalAlign::Right;
+  return std::nullopt;
+}
+
+void read_overlay(DrawingLayout& layout, std::string_view key, std::span<const double> n) {
   for (std::size_t number = 1; number <= kLastOverlay; ++number) {
-    if (key == std::to_string(number)) layout.overlays[number] = slot_of(*numbers);
+    if (key == std::to_string(number)) layout.overlays[number] = slot_of(n);
   }
+}
+
+/// Reads one entry: its kind, a key, numbers, and for a value the word of its alignment.
+void read_line(DrawingLayout& layout, std::span<const std::string_view> words) {
+  if (words.size() < 3) return;
+  const std::string key(words[1]);
+  const auto align = words[0] == "value" ? align_of(words.back()) : std::nullopt;
+  const auto numbers = numbers_of(words.subspan(2, words.size() - 2 - (align ? 1 : 0)));
+  if (!numbers) return;
+  const std::vector<double>& n = *numbers;
+  if (words[0] == "overlay" && n.size() == 3) read_overlay(layout, key, n);
+  if (n.size() != 4) return;
+  if (words[0] == "component") layout.components[key] = {n[0], n[1], n[2] - n[0], n[3] - n[1]};
+  if (align) layout.values[key] = {slot_of(n), n[3], *align};
 }
 
 }  // namespace

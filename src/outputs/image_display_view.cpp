@@ -45,8 +45,9 @@ void ImageView::setViewport(Size size) {
   place(centre, middle());
 }
 
-bool ImageView::setLevel(int level, Point anchor) {
-  if (level < 0 || level >= kLevels) return false;
+bool ImageView::setLevel(double level, Point anchor) {
+  level = std::clamp(level, 0.0, kLastLevel);
+  if (level == level_) return false;
   const Point kept = toDocument(anchor);
   level_ = level;
   recalculate_scrollbars();
@@ -55,11 +56,9 @@ bool ImageView::setLevel(int level, Point anchor) {
 }
 
 void ImageView::fit() {
-  const auto fits = [this] {
-    return document_.width * scale() <= viewport_.width + kHair &&
-           document_.height * scale() <= viewport_.height + kHair;
-  };
-  for (level_ = 0; level_ < kLevels - 1 && !fits();) ++level_;
+  const double scale = std::min(viewport_.width / std::max(document_.width, 1.0),
+                                viewport_.height / std::max(document_.height, 1.0));
+  level_ = scale > 0 ? std::clamp(std::log2(kLargestScale / scale), 0.0, kLastLevel) : kLastLevel;
   recalculate_scrollbars();
 }
 

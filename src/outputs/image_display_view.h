@@ -16,9 +16,9 @@ struct ImageScrollBar {
 /// inch, the view in pixels of the screen.
 class ImageView {
  public:
-  static constexpr int kLevels = 6;  ///< Zoom levels are 0 to 5.
+  static constexpr double kLastLevel = 5;  ///< Zoom levels are 0 to 5.
 
-  int level() const { return level_; }
+  double level() const { return level_; }
   /// Pixels of the screen to one of the document: 4 divided by 2 to the power of the level.
   double scale() const;
 
@@ -27,13 +27,14 @@ class ImageView {
   void setViewport(Size size);
 
   /// One level larger or smaller. The point of the document at `anchor`, a place in the view, stays
-  /// there; without one the middle of the view does. False at the last level.
+  /// there; without one the middle of the view does. False at the last level, which ends a step
+  /// that would lead beyond it.
   bool zoomIn() { return setLevel(level_ - 1, middle()); }
   bool zoomOut() { return setLevel(level_ + 1, middle()); }
   bool zoomIn(Point anchor) { return setLevel(level_ - 1, anchor); }
   bool zoomOut(Point anchor) { return setLevel(level_ + 1, anchor); }
-  /// The lowest level, hence the largest scale, at which the whole document is seen; the last one
-  /// when there is none.
+  /// The level at which the document fills the view and is seen as a whole, between two whole ones
+  /// as a rule; the last one when there is none.
   void fit();
 
   /// Offsets beyond the document's ends are moved to them.
@@ -59,13 +60,13 @@ class ImageView {
   double GetYPercentageOfTop() const;
 
  private:
-  bool setLevel(int level, Point anchor);
+  bool setLevel(double level, Point anchor);
   void recalculate_scrollbars();
   /// Moves a point of the document to a place in the view.
   void place(Point document, Point view);
   Point middle() const { return {viewport_.width / 2, viewport_.height / 2}; }
 
-  int level_ = 0;
+  double level_ = 0;
   Size document_;
   Size viewport_;
   ImageScrollBar horizontal_;

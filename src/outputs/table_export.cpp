@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/save_dialog.h"
 #include "core/text_parsing.h"
 
 namespace vantrel {
@@ -59,10 +60,8 @@ TableExport::TableExport(SysMsg& messages, FileDialogs* dialogs, const ProgramFo
 
 bool TableExport::exportGrid(std::string_view caller, const TableGrid& grid,
                              std::string_view name) {
-  if (dialogs_ == nullptr) return false;
-  const auto proposed = folder_.writable("\\Export\\" + std::string(name));
-  const auto path = dialogs_->askSave(kTitle, kFilter, proposed ? proposed->string() : "");
-  return path && !path->empty() && exportGridTo(caller, grid, *path);
+  const std::string path = select_savefile(dialogs_, folder_, kTitle, name, kFilter);
+  return !path.empty() && exportGridTo(caller, grid, path);
 }
 
 bool TableExport::exportGridTo(std::string_view caller, const TableGrid& grid,

@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "core/save_dialog.h"
 #include "core/text_parsing.h"
 
 namespace vantrel {
@@ -153,11 +154,8 @@ std::string ValidateSchematic::exportText() const {
 }
 
 bool ValidateSchematic::ExportList() {
-  if (dialogs_ == nullptr) return false;
-  const auto proposed = folder_.writable("\\Export\\" + std::string(kExportName));
-  const auto path =
-      dialogs_->askSave(kExportTitle, kExportFilter, proposed ? proposed->string() : "");
-  return path && !path->empty() && ExportListTo(*path);
+  const std::string path = select_savefile(dialogs_, folder_, kExportTitle, kExportName);
+  return !path.empty() && ExportListTo(path);
 }
 
 bool ValidateSchematic::ExportListTo(const std::string& path) {

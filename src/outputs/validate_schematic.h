@@ -52,7 +52,6 @@ struct ValidateItem {
 class ValidateSchematic : public Screen {
  public:
   static constexpr std::string_view kExportTitle = "Select export filename";
-  static constexpr std::string_view kExportFilter = "All Files (*.*)|*.*";
   static constexpr std::string_view kExportName = "BOM vs Schematic.txt";
 
   /// `dialogs` may be missing: then no name can be asked for. All arguments must outlive the

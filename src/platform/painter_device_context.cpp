@@ -1,6 +1,7 @@
 #include "platform/painter_device_context.h"
 
 #include <QFontMetricsF>
+#include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
@@ -44,9 +45,24 @@ Qt::FillRule qt(FillRule rule) {
   return rule == FillRule::Winding ? Qt::WindingFill : Qt::OddEvenFill;
 }
 
+int whole_size(const Font& font) {
+  return std::max(1, static_cast<int>(std::nearbyint(font.size)));
+}
+
+/// Fonts come in whole pixels; what the wanted size has beyond them is scaled.
+double beyond_whole(const Font& font) { return font.size > 0 ? font.size / whole_size(font) : 1; }
+
+/// What stands for a face that this machine may not have: the first one that is there.
+QStringList families(const std::string& face) {
+  if (face == "MS Sans Serif") return {"MS Sans Serif", "Liberation Sans", "DejaVu Sans"};
+  return {qt(std::string_view(face))};
+}
+
 QFont qt(const Font& font) {
-  QFont result(qt(font.face));
-  result.setPixelSize(std::max(1, static_cast<int>(std::nearbyint(font.size))));
+  QFont result;
+  result.setFamilies(families(font.face));
+  result.setStyleHint(QFont::SansSerif);
+  result.setPixelSize(whole_size(font));
   result.setBold(font.bold);
   result.setItalic(font.italic);
   // Widths that do not depend on the resolution, so that every output has the same layout.
@@ -131,7 +147,8 @@ void PainterDeviceContext::drawEllipse(const Box& box) {
 
 Size PainterDeviceContext::textExtent(std::string_view words) {
   const QFontMetricsF metrics(qt(state().font));
-  return {metrics.horizontalAdvance(qt(words)), metrics.height()};
+  const double scale = beyond_whole(state().font);
+  return {metrics.horizontalAdvance(qt(words)) * scale, metrics.height() * scale};
 }
 
 void PainterDeviceContext::drawText(Point at, std::string_view words) {
@@ -145,8 +162,18 @@ void PainterDeviceContext::drawText(Point at, std::string_view words) {
   painter_.setPen(qt(state().textColour));
   painter_.translate(qt(at));
   painter_.rotate(-state().font.angle);
+  const double scale = beyond_whole(state().font);
+  if (scale != 1) painter_.scale(scale, scale);
   painter_.drawText(start, text);
   painter_.restore();
+}
+
+void PainterDeviceContext::drawImage(const Box& box, std::span<const std::uint8_t> file) {
+  settle();
+  const QImage image = QImage::fromData(file.data(), static_cast<int>(file.size()));
+  if (image.isNull()) return;
+  painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter_.drawImage(qt(box), image);
 }
 
 }  // namespace vantrel

@@ -24,6 +24,7 @@ class PainterDeviceContext : public DeviceContext {
   void drawRectangle(const Box& box) override;
   void drawEllipse(const Box& box) override;
   void drawText(Point at, std::string_view words) override;
+  void drawImage(const Box& box, std::span<const std::uint8_t> file) override;
   /// Hands pen, brush, font and clip over when they have changed.
   void settle();
 

@@ -4,9 +4,9 @@
 #include <QByteArray>
 #include <QImage>
 #include <QMarginsF>
+#include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QString>
 #include <QSvgGenerator>
 #include <algorithm>
@@ -15,14 +15,15 @@
 #include "core/file_writer.h"
 #include "core/text_parsing.h"
 #include "platform/painter_device_context.h"
+#include "platform/pdf_document.h"
+#include "platform/print_target.h"
 
 namespace vantrel {
 
 namespace {
 
-constexpr double kPixelsPerInch = 96;
+constexpr const char* kNoGraphics = "Pictures need the toolkit's graphics";
 constexpr double kPointsPerInch = 72;
-constexpr int kPdfResolution = 1200;
 constexpr double kInchesPerMetre = 1 / 0.0254;
 constexpr double kMostPixels = 20000;  // of a bitmap's edge
 
@@ -51,30 +52,14 @@ QByteArray svg(const Picture& picture) {
   return paint(generator, picture, 1) ? bytes : QByteArray();
 }
 
-/// Blanks the date of creation out: a file that changes with the clock cannot be compared. Blanks
-/// between the entries are of no meaning, and the offsets in the file stay as they are.
-void blank_creation_date(QByteArray& pdf) {
-  const qsizetype begin = pdf.indexOf("/CreationDate (");
-  if (begin < 0) return;
-  const qsizetype end = pdf.indexOf(')', begin);
-  if (end > begin) std::fill(pdf.begin() + begin, pdf.begin() + end + 1, ' ');
-}
-
 QByteArray pdf(const Picture& picture) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  if (!buffer.open(QIODevice::WriteOnly)) return {};
-  QPdfWriter writer(&buffer);
-  writer.setTitle(QString::fromStdString(picture.title));
-  writer.setCreator(QStringLiteral("Vantrel"));
-  writer.setResolution(kPdfResolution);
   const QSizeF points =
       QSizeF(picture.size.width, picture.size.height) * (kPointsPerInch / kPixelsPerInch);
-  writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
-  writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-  if (!paint(writer, picture, kPdfResolution / kPixelsPerInch)) return {};
-  blank_creation_date(bytes);
-  return bytes;
+  const QPageSize page(points, QPageSize::Point, QString(), QPageSize::ExactMatch);
+  PdfDocument document(picture.title,
+                       QPageLayout(page, QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+  if (!paint(document.writer(), picture, PdfDocument::kScale)) return {};
+  return document.take();
 }
 
 QByteArray bitmap(const Picture& picture, const char* format) {
@@ -117,11 +102,22 @@ std::optional<std::string> PictureExport::write(const std::filesystem::path& fil
   if (format == std::end(kFormats)) {
     return "No picture format of the extension '" + extension + "'; use svg, png, bmp or pdf";
   }
-  if (!gui_.ensure()) return "Pictures need the toolkit's graphics";
+  if (!gui_.ensure()) return kNoGraphics;
   const QByteArray bytes = format->encode(picture);
   if (bytes.isEmpty()) return "The picture could not be drawn";
   return write_file(file,
                     std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+std::optional<std::string> PictureExport::writePages(const std::filesystem::path& file,
+                                                     const PrintJob& job, const PaperSetup& setup) {
+  if (!gui_.ensure()) return kNoGraphics;
+  PdfTarget target(file, job.title, page_layout(setup, job.landscape));
+  for (const PrintPage& page : job.pages(target.measure(), target.sheet())) {
+    if (!target.print(page)) return "The pages could not be drawn";
+  }
+  if (target.end()) return std::nullopt;
+  return target.reason();
 }
 
 }  // namespace vantrel

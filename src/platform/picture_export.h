@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/device_context.h"
+#include "core/print_job.h"
 #include "platform/gui_application.h"
 
 namespace vantrel {
@@ -20,6 +21,9 @@ class PictureExport {
   /// Gives the reason when it fails; an older file is then as it was.
   [[nodiscard]] std::optional<std::string> write(const std::filesystem::path& file,
                                                  const Picture& picture);
+  /// Writes a print job as a PDF file, whatever its extension; the same otherwise.
+  [[nodiscard]] std::optional<std::string> writePages(const std::filesystem::path& file,
+                                                      const PrintJob& job, const PaperSetup& setup);
 
  private:
   HeadlessGui gui_;

@@ -10,6 +10,7 @@
 #include "components/calculator_fields.h"
 #include "components/preferred/preferred_values.h"
 #include "screens/designer_buttons.h"
+#include "screens/designer_pane.h"
 #include "screens/frame_panel.h"
 #include "screens/notice.h"
 #include "screens/view_connection.h"
@@ -26,16 +27,6 @@ constexpr int kOutputDigits = 12;
 
 constexpr const char* kInputFrames[] = {"frame_operating_points", "frame_preheat",
                                         "frame_phase_angle", "frame_misc"};
-
-QScrollArea* scrolling(QWidget* content) {
-  auto* pane = new QScrollArea;
-  pane->setFrameShape(QFrame::NoFrame);
-  pane->setWidgetResizable(true);
-  pane->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  pane->setWidget(content);
-  pane->setMinimumWidth(content->minimumSizeHint().width());
-  return pane;
-}
 
 }  // namespace
 
@@ -85,7 +76,7 @@ QWidget* CalculatorWindow::makeInputs() {
   }
   column->addStretch();
   align_columns(inputs_);
-  return scrolling(content);
+  return scrolling_column(content);
 }
 
 QWidget* CalculatorWindow::makeOutputs() {
@@ -104,7 +95,7 @@ QWidget* CalculatorWindow::makeOutputs() {
   }
   column->addWidget(outputs_);
   column->addStretch();
-  return scrolling(content);
+  return scrolling_column(content);
 }
 
 QWidget* CalculatorWindow::makeButtons() {

@@ -5,13 +5,17 @@
 #include "screens/design_window.h"
 #include "services/debug_utils.h"
 
+class QHBoxLayout;
 class QLabel;
 class QListWidget;
+class QProgressBar;
 class QPushButton;
+class QTimer;
 
 namespace vantrel {
 
-/// Runs the checks of the design database and shows their report.
+/// Runs the checks of the design database, and the calculation of everything that can be selected,
+/// and shows their report. The window stays alive meanwhile, and the user can cancel.
 class CheckPage : public QWidget {
   Q_OBJECT
 
@@ -22,11 +26,21 @@ class CheckPage : public QWidget {
   void refresh();
   /// Runs the selected test.
   void start();
+  /// Ends the test under way; its report keeps what there is.
+  void cancel();
+  /// Calculates every combination of the selections.
+  void testAll();
 
  private:
   QWidget* makeChoices();
   QWidget* makeReport();
-  void addLine(const QString& line);
+  void addProgress(QHBoxLayout& row);
+  void begin();
+  void step();
+  void end(const QString& last_line = {});
+  void addLine(const QString& line, const char* picture = nullptr, Role role = Role::Error);
+  void addCheckLine(const QString& line);
+  void addFailure();
   void showTotals();
   QString reportText() const;
   void copy();
@@ -39,6 +53,11 @@ class CheckPage : public QWidget {
   QListWidget* components_;
   QListWidget* report_;
   QLabel* totals_;
+  QTimer* steps_;
+  QProgressBar* progress_ = nullptr;
+  QPushButton* cancel_ = nullptr;
+  QPushButton* start_ = nullptr;
+  QPushButton* all_ = nullptr;
   QPushButton* copy_ = nullptr;
   QPushButton* save_ = nullptr;
 };

@@ -11,6 +11,8 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "app/design_report.h"
+#include "screens/page_setup_dialog.h"
 #include "screens/selection_strip.h"
 #include "screens/value_editor.h"
 #include "screens/view_connection.h"
@@ -97,10 +99,24 @@ void DesignWindow::makeOwnActions() {
   save_->setShortcut(QKeySequence::Save);
   connect(
       save_, &QAction::triggered, this, [this] { save(); }, Qt::QueuedConnection);
+  report_ = new QAction("&Design Report...", this);
+  report_->setObjectName("designReport");
+  connect(
+      report_, &QAction::triggered, this, [this] { exportReport(); }, Qt::QueuedConnection);
   print_ = new QAction("&Print...", this);
   print_->setShortcut(QKeySequence::Print);
   connect(
       print_, &QAction::triggered, this, [this] { run("c_print"); }, Qt::QueuedConnection);
+  preview_ = new QAction("Print Pre&view...", this);
+  preview_->setObjectName("printPreview");
+  connect(
+      preview_, &QAction::triggered, this,
+      [this] { session().printing().preview([this] { run("c_print"); }); }, Qt::QueuedConnection);
+  page_setup_ = new QAction("Page Set&up...", this);
+  page_setup_->setObjectName("pageSetup");
+  connect(
+      page_setup_, &QAction::triggered, this, [this] { edit_page_setup(session(), this); },
+      Qt::QueuedConnection);
   QAction* bill = export_menu_->addAction("&Bill of Materials...");
   bill->setShortcut(QKeySequence("Ctrl+E"));
   connect(
@@ -192,7 +208,7 @@ void DesignWindow::fillFileMenu(QMenu& menu) {
   if (QAction* options = find("c_configure")) {
     menu.insertMenu(options, recent_menu_);
     menu.insertMenu(options, export_menu_);
-    menu.insertAction(options, print_);
+    menu.insertActions(options, {report_, print_, preview_, page_setup_});
     menu.insertSeparator(options);
   }
 }
@@ -314,6 +330,12 @@ void DesignWindow::exportGraph() {
                                                [this](const auto& file, const Picture& picture) {
                                                  return session().writePicture(file, picture);
                                                });
+}
+
+void DesignWindow::exportReport() {
+  if (session().isBusy()) return;
+  commitTyping();
+  export_report(session(), bench_.status, &bench_.dialogs);
 }
 
 void DesignWindow::closeEvent(QCloseEvent* event) {

@@ -82,6 +82,7 @@ class DesignWindow : public QMainWindow {
   void save();
   void exportBill();
   void exportGraph();
+  void exportReport();
 
   Screen& screen_;
   control_bar& bar_;
@@ -93,7 +94,10 @@ class DesignWindow : public QMainWindow {
   QMenu* recent_menu_;
   QMenu* export_menu_;
   QAction* save_;
+  QAction* report_;
   QAction* print_;
+  QAction* preview_;
+  QAction* page_setup_;
   QLabel* status_text_;
   QLabel* key_numbers_;
   bool refresh_due_ = false;

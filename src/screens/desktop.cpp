@@ -10,10 +10,11 @@
 #include "platform/qt_tcp_client.h"
 #include "screens/about_dialog.h"
 #include "screens/bill_window.h"
+#include "screens/c_tooltip.h"
 #include "screens/chooser_dialog.h"
 #include "screens/diagnostics_window.h"
 #include "screens/missing_fields_dialog.h"
-#include "screens/print_picture.h"
+#include "screens/print_preview.h"
 #include "screens/progress_window.h"
 #include "screens/splash.h"
 #include "screens/theme_style.h"
@@ -79,12 +80,17 @@ Desktop::Desktop(ProgramFolder folder, SettingsStore& settings, FileDialogs& dia
                        .writePicture =
                            [this](const auto& file, const Picture& picture) {
                              return pictures_.write(file, picture);
+                           },
+                       .writePages =
+                           [this](const auto& file, const PrintJob& job, const PaperSetup& setup) {
+                             return pictures_.writePages(file, job, setup);
                            }},
           version)),
       status_(std::make_unique<DesignStatus>(*session_)) {
   QApplication::setStyle(new ThemeStyle(look_));
   applyTheme();
   session_->messages().dialog(&messages_);
+  messages_.isQuiet = [this] { return session_->simple().isTesting(); };
   setViews();
 }
 
@@ -118,11 +124,13 @@ void Desktop::setViews() {
   };
   views.showMissingFields = [this] { showMissingFields(); };
   views.displayField = [this](VTLValue& field) { return displayField(field); };
-  views.printPicture = [](const Picture& picture) {
-    print_picture(picture, QApplication::activeWindow());
-  };
-  views.printForm = [this](const std::string& screen) {
-    if (QWidget* form = window(screen)) print_window(*form, *session_);
+  views.print = [this](const PrintJob& job, bool preview) {
+    QWidget* owner = QApplication::activeWindow();
+    if (preview) {
+      PrintPreview(*session_, job, owner).exec();
+    } else {
+      print_with_dialog(*session_, job, owner);
+    }
   };
   views.markInBill = [this](const std::string& reference) {
     if (auto* bill = qobject_cast<BillWindow*>(window(session_->billOfMaterials().name()))) {
@@ -131,11 +139,6 @@ void Desktop::setViews() {
   };
   views.quit = [this] { quit(); };
   views.stopProcess = [] { QCoreApplication::quit(); };
-  views.printTable = [this](const std::string& screen, const TableGrid& grid) {
-    const Screen* source = session_->screens().find(screen);
-    print_picture(table_picture(grid, source == nullptr ? screen : source->caption()),
-                  QApplication::activeWindow());
-  };
   views.repaint = [this] {
     for (const auto& [name, shown] : windows_) shown->update();
   };
@@ -209,6 +212,7 @@ QWidget* Desktop::window(std::string_view screen) {
   if (known != windows_.end()) return known->second.get();
   std::unique_ptr<QWidget> made = make_window(screen, workbench());
   if (made == nullptr) return nullptr;
+  new ToolTipUtility(*made, look_);
   return windows_.emplace(screen, std::move(made)).first->second.get();
 }
 

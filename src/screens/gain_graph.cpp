@@ -29,6 +29,10 @@ GainGraph::GainGraph(Workbench bench, QWidget* parent) : QWidget(parent), bench_
   setMinimumSize(420, 300);
   connect_view(bench.session.graphOperatingPoints().layoutChanged, this,
                [this] { scheduleDraw(); });
+  // A selection has taken the results away; results that are merely old stay on show.
+  connect_view(bench.status.changed, this, [this] {
+    if (bench_.status.state() == DesignStatus::State::Empty) scheduleDraw();
+  });
   connect_view(bench.look.changed, this, [this] { scheduleDraw(); });
 }
 

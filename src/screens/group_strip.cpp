@@ -44,8 +44,7 @@ QSize GroupTileButton::sizeHint() const {
           kPictureLines * metrics.height() + lines + 2 * kMargin};
 }
 
-void GroupTileButton::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+void GroupTileButton::DrawXButton(QPainter& painter) {
   paintPlate(painter, listed_);
   const QRect inner = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
   const int height = QFontMetrics(font()).height();

@@ -24,7 +24,7 @@ class GroupTileButton : public TileButton {
   QSize sizeHint() const override;
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
+  void DrawXButton(QPainter& painter) override;
 
  private:
   GroupTile tile_;

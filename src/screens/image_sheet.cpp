@@ -65,6 +65,13 @@ void ImageSheet::paintEvent(QPaintEvent*) {
   PainterDeviceContext surface(painter, {static_cast<double>(viewport()->width()),
                                          static_cast<double>(viewport()->height())});
   images_.redraw(surface);
+  const Size sheet = images_.document().size();
+  const Point corner = images_.view().origin();
+  const double scale = images_.view().scale();
+  painter.setClipping(false);
+  painter.setPen(look_.colour(Role::PanelBorder));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(corner.x, corner.y, sheet.width * scale, sheet.height * scale));
 }
 
 void ImageSheet::resizeEvent(QResizeEvent*) {
@@ -131,8 +138,11 @@ void ImageSheet::mouseMoveEvent(QMouseEvent* event) {
     viewport()->update();
     return;
   }
-  const std::string words = images_.componentText(to_point(event->position()));
-  QToolTip::showText(event->globalPosition().toPoint(), to_qstring(words), viewport());
+  const QString words = to_qstring(images_.componentText(to_point(event->position())));
+  QToolTip::showText(event->globalPosition().toPoint(), words, viewport());
+  if (words == pointed_) return;
+  pointed_ = words;
+  emit pointed(words);
 }
 
 void ImageSheet::mouseReleaseEvent(QMouseEvent*) {

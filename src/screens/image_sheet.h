@@ -19,8 +19,10 @@ class ImageSheet : public QAbstractScrollArea {
   void refresh();
 
  signals:
-  /// Zoom, or the component under the pointer, has changed.
+  /// The zoom has changed.
   void viewChanged();
+  /// The pointer has come to a component, which is named with its value, or left it.
+  void pointed(const QString& component);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -43,6 +45,7 @@ class ImageSheet : public QAbstractScrollArea {
   Point drag_offset_;
   bool dragging_ = false;
   bool fitted_ = false;
+  QString pointed_;
 };
 
 }  // namespace vantrel

@@ -1,6 +1,7 @@
 #include "screens/image_window.h"
 
 #include <QEvent>
+#include <cmath>
 
 #include "screens/view_connection.h"
 
@@ -19,8 +20,16 @@ ImageWindow::ImageWindow(Workbench bench)
   connect(
       check_, &QAction::triggered, this, [this] { session().schematicCheck().validate(); },
       Qt::QueuedConnection);
+  balance_ = addCommand("transformer", "&Balance Transformer", {});
+  connect(
+      balance_, &QAction::triggered, this, [this] { session().images().show_balancetransformer(); },
+      Qt::QueuedConnection);
   gerber_ = findChild<QAction*>("c_export_gerber");
   connect(sheet_, &ImageSheet::viewChanged, this, [this] { refresh(); });
+  connect(sheet_, &ImageSheet::pointed, this, [this](const QString& component) {
+    pointed_ = component;
+    refresh();
+  });
   connect_view(bench.session.images().layoutChanged, this, [this] {
     sheet_->refresh();
     refresh();
@@ -43,14 +52,17 @@ void ImageWindow::refresh() {
   const ImageDisplay& images = session().images();
   const bool schematic = images.isSchematicDisplayed();
   check_->setVisible(schematic);
+  balance_->setVisible(session().details().ConfigDetails(kConfigShortCode) == "DLPVMB");
   if (gerber_ != nullptr) gerber_->setVisible(schematic);
   QStringList names;
   for (const ImagePicture& picture : images.document().pictures()) {
     names << to_qstring(name_without_path(picture.file));
   }
   const bool stale = bench().status.state() == DesignStatus::State::Stale;
-  showStatus(names.join(", ") + (stale ? "   (out of date)" : ""),
-             QString::number(images.view().scale() * 100) + " %");
+  QString left = names.join(", ");
+  if (stale) left += "   (out of date)";
+  if (!pointed_.isEmpty()) left += "   " + pointed_;
+  showStatus(left, QString::number(std::lround(images.view().scale() * 100)) + " %");
 }
 
 }  // namespace vantrel

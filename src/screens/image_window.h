@@ -21,8 +21,10 @@ class ImageWindow : public OutputWindow {
   void refresh();
 
   ImageSheet* sheet_;
+  QString pointed_;  ///< The component under the pointer with its value.
   QAction* gerber_ = nullptr;
   QAction* check_;
+  QAction* balance_;
 };
 
 }  // namespace vantrel

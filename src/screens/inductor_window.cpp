@@ -13,6 +13,7 @@
 #include "magnetics/inductor_design.h"
 #include "screens/core_row.h"
 #include "screens/designer_buttons.h"
+#include "screens/designer_pane.h"
 #include "screens/frame_panel.h"
 #include "screens/notice.h"
 #include "screens/view_connection.h"
@@ -125,11 +126,9 @@ void InductorColumn::edited() {
 }
 
 void InductorColumn::design() {
-  if (!isEnabled() || bench_.session.isBusy()) return;
-  const std::size_t before = bench_.session.messages().shown().size();
-  if (bench_.session.designInductor(index_)) return;
-  const std::vector<Message>& shown = bench_.session.messages().shown();
-  if (shown.size() > before) notice_->tell(to_qstring(with_line_breaks(shown.back().text)));
+  if (!isEnabled()) return;
+  design_with_notice(bench_.session, *notice_,
+                     [this] { return bench_.session.designInductor(index_); });
 }
 
 void InductorColumn::refresh() {
@@ -170,11 +169,7 @@ InductorWindow::InductorWindow(Workbench workbench)
       Qt::QueuedConnection);
   rows->addWidget(shared);
   rows->addStretch();
-  auto* pane = new QScrollArea(this);
-  pane->setFrameShape(QFrame::NoFrame);
-  pane->setWidgetResizable(true);
-  pane->setWidget(middle);
-  setCentralWidget(pane);
+  setCentralWidget(scrolling_pane(middle, this));
   auto* main_action = new QShortcut(QKeySequence("F5"), this);
   connect(
       main_action, &QShortcut::activated, this, [this] { designFocused(); }, Qt::QueuedConnection);

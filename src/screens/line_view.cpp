@@ -36,7 +36,9 @@ LineView::LineView(Appearance& look, QWidget* parent)
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setLineWrapMode(QPlainTextEdit::NoWrap);
   setTabChangesFocus(true);
-  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setPointSizeF(font().pointSizeF());
+  setFont(fixed);
   margin_->installEventFilter(this);
   connect(this, &QPlainTextEdit::blockCountChanged, this, [this] { settleMargin(); });
   connect(this, &QPlainTextEdit::updateRequest, margin_, [this] { margin_->update(); });

@@ -141,6 +141,7 @@ int MessageBox::ask() {
 }
 
 int QtMessageDialog::show(const Message& message) {
+  if (isQuiet && isQuiet()) return message.type == kMessageOk ? kOk : kNo;
   MessageBox box(message, look_, QApplication::activeWindow());
   return box.ask();
 }

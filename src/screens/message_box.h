@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 
 #include "screens/appearance.h"
 #include "services/messages/sysmsg.h"
@@ -34,6 +35,8 @@ class MessageBox : public QDialog {
 class QtMessageDialog : public MessageDialog {
  public:
   explicit QtMessageDialog(const Appearance& look) : look_(look) {}
+  /// While it gives true nobody is asked: reports pass, questions are answered No.
+  std::function<bool()> isQuiet;
   int show(const Message& message) override;
 
  private:

@@ -16,9 +16,10 @@ constexpr qreal kCorner = 4;
 
 }  // namespace
 
-Notice::Notice(Appearance& look, const QString& button, QWidget* parent)
+Notice::Notice(Appearance& look, const QString& button, QWidget* parent, const QString& name)
     : QWidget(parent), look_(look), picture_(new QLabel(this)), text_(new QLabel(this)) {
-  setObjectName("notice");
+  setObjectName(name);
+  text_->setObjectName(name + ".text");
   text_->setWordWrap(true);
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   auto* row = new QHBoxLayout(this);
@@ -26,10 +27,10 @@ Notice::Notice(Appearance& look, const QString& button, QWidget* parent)
   row->addWidget(picture_);
   row->addWidget(text_, 1);
   if (!button.isEmpty()) {
-    auto* link = new QPushButton(button, this);
-    link->setObjectName("notice.button");
-    row->addWidget(link);
-    connect(link, &QPushButton::clicked, this, &Notice::buttonClicked, Qt::QueuedConnection);
+    button_ = new QPushButton(button, this);
+    button_->setObjectName(name + ".button");
+    row->addWidget(button_);
+    connect(button_, &QPushButton::clicked, this, &Notice::buttonClicked, Qt::QueuedConnection);
   }
   connect_view(look.changed, this, [this] { settle(); });
   settle();
@@ -44,8 +45,16 @@ void Notice::tell(const QString& text) {
 
 QString Notice::text() const { return text_->text(); }
 
+void Notice::setPicture(const char* name) {
+  picture_name_ = name;
+  settle();
+}
+
+void Notice::setButtonCaption(const QString& caption) { button_->setText(caption); }
+
 void Notice::settle() {
-  picture_->setPixmap(look_.pixmap("warning", Role::Warning, kPictureSize, devicePixelRatioF()));
+  picture_->setPixmap(
+      look_.pixmap(picture_name_, Role::Warning, kPictureSize, devicePixelRatioF()));
   QPalette colours = look_.palette();
   colours.setColor(QPalette::WindowText, look_.colour(Role::Warning));
   text_->setPalette(colours);

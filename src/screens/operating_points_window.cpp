@@ -9,7 +9,6 @@
 #include <QScrollBar>
 
 #include "screens/frame_panel.h"
-#include "screens/print_picture.h"
 #include "screens/theme_style.h"
 #include "screens/view_connection.h"
 
@@ -24,7 +23,6 @@ constexpr int kScrollStep = 1000;  // Hz
 constexpr double kScrollReach = 1.5;
 /// Start, preheat, ignition, two run points and the resonance, with room to spare.
 constexpr int kMostPoints = 8;
-constexpr Size kSheet{1000, 640};
 constexpr const char* kHeadings[] = {"", "KHz", "Gain", "V Lamp"};
 
 }  // namespace
@@ -135,18 +133,10 @@ void OperatingPointsWindow::tellCursor() {
   showStatus(readout, stale ? "out of date" : "");
 }
 
-void OperatingPointsWindow::print() {
-  GraphOP& graph = session().operatingPointsGraph();
-  graph.SetPrintSize(kSheet);
-  print_picture(graph.picture(kSheet, Theme::Print), this);
-  // The graph keeps the size of its last drawing, which an export takes over.
-  graph_->scheduleDraw();
-}
-
 void OperatingPointsWindow::command(const std::string& key) {
   if (session().isBusy()) return;
   if (key == "c_print") {
-    print();
+    session().printScreen(screen().name());
   } else {
     session().operatingPointsGraph().ExportGraph(bench().dialogs, session().folder(),
                                                  [this](const auto& file, const Picture& picture) {

@@ -32,7 +32,6 @@ class OperatingPointsWindow : public OutputWindow {
   void settleScrolling();
   void placeButton();
   void tellCursor();
-  void print();
 
   GainGraph* graph_;
   QScrollBar* scroll_;

@@ -9,6 +9,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "screens/page_setup_dialog.h"
 #include "screens/view_connection.h"
 #include "selection/command_table.h"
 
@@ -82,11 +83,26 @@ void OutputWindow::fillTools(int flags) {
         Qt::QueuedConnection);
     tools_->addAction(action);
     file_menu_->addAction(action);
+    if (std::string_view(row.key) == "c_print") addPrintActions();
   }
   tools_->addSeparator();
   file_menu_->addSeparator();
   QAction* close_action = file_menu_->addAction("&Close", this, [this] { close(); });
   close_action->setShortcut(QKeySequence::Close);
+}
+
+void OutputWindow::addPrintActions() {
+  QAction* preview = file_menu_->addAction("Print Pre&view...");
+  preview->setObjectName("printPreview");
+  connect(
+      preview, &QAction::triggered, this,
+      [this] { session().printing().preview([this] { command("c_print"); }); },
+      Qt::QueuedConnection);
+  QAction* setup = file_menu_->addAction("Page Set&up...");
+  setup->setObjectName("pageSetup");
+  connect(
+      setup, &QAction::triggered, this, [this] { edit_page_setup(session(), this); },
+      Qt::QueuedConnection);
 }
 
 QAction* OutputWindow::addCommand(const char* icon, const QString& text,

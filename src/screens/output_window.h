@@ -41,6 +41,7 @@ class OutputWindow : public QMainWindow {
 
  private:
   void fillTools(int flags);
+  void addPrintActions();
   void fillWindowMenu(QMenu& menu);
   void followBar();
 

@@ -46,8 +46,7 @@ QSize SelectionTile::sizeHint() const {
           2 * plain.height() + name.height() + 2 * kLineGap + 2 * kMargin};
 }
 
-void SelectionTile::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+void SelectionTile::DrawXButton(QPainter& painter) {
   paintPlate(painter, false);
   const QRect inner = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
   const int picture_width = qRound(inner.height() * kPictureShape);

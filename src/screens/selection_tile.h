@@ -19,7 +19,7 @@ class SelectionTile : public TileButton {
   QSize sizeHint() const override;
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
+  void DrawXButton(QPainter& painter) override;
 
  private:
   QString lastLine() const;

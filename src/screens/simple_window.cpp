@@ -130,7 +130,7 @@ QWidget* SimpleWindow::makeStart() {
 QWidget* SimpleWindow::makeResults() {
   auto* page = new QWidget(this);
   QVBoxLayout* column = plain_column(page, kPanelGap);
-  auto* banner = new Banner(bench().status, bench().look, page);
+  auto* banner = new Banner(bench().status, bench().look, page, Banner::kFailureToldElsewhere);
   connect(
       banner, &Banner::calculateRequested, this, [this] { press(Simple::kCalculateButton); },
       Qt::QueuedConnection);

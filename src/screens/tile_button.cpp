@@ -1,9 +1,6 @@
 #include "screens/tile_button.h"
 
-#include <QKeyEvent>
 #include <QPainter>
-
-#include "screens/view_connection.h"
 
 namespace vantrel {
 
@@ -14,9 +11,7 @@ constexpr qreal kCorner = 5;
 }  // namespace
 
 TileButton::TileButton(Appearance& look, const ProgramFolder& folder, QWidget* parent)
-    : QAbstractButton(parent), look_(look), folder_(folder) {
-  connect_view(look.changed, this, [this] { update(); });
-}
+    : XButton(look, parent), folder_(folder) {}
 
 void TileButton::setPicture(const std::string& path) {
   picture_.load(folder_, path);
@@ -33,11 +28,12 @@ QFont TileButton::boldFont(qreal scale) const {
 void TileButton::paintPlate(QPainter& painter, bool marked) const {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool accent = marked || hasFocus();
-  const Role edge = accent                        ? Role::Accent
-                    : underMouse() && isEnabled() ? Role::InputBorder
-                                                  : Role::PanelBorder;
+  const XButtonState present = state();
+  const Role edge = accent                          ? Role::Accent
+                    : present == XButtonState::Over ? Role::InputBorder
+                                                    : Role::PanelBorder;
   painter.setPen(QPen(look_.colour(edge), accent ? 2 : 1));
-  painter.setBrush(look_.colour(isDown() ? Role::Locked : Role::Panel));
+  painter.setBrush(look_.colour(present == XButtonState::Clicked ? Role::Locked : Role::Panel));
   const qreal inset = accent ? 1 : 0.5;
   painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
 }
@@ -48,24 +44,6 @@ void TileButton::writeLine(QPainter& painter, const QRect& box, const QFont& fon
   painter.setPen(colour);
   painter.drawText(box, alignment | Qt::AlignVCenter | Qt::TextSingleLine,
                    QFontMetrics(font).elidedText(text, Qt::ElideRight, box.width()));
-}
-
-void TileButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    click();
-    return;
-  }
-  QAbstractButton::keyPressEvent(event);
-}
-
-void TileButton::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void TileButton::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
 }
 
 }  // namespace vantrel

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QAbstractButton>
-
 #include "screens/group_picture.h"
+#include "screens/x_button.h"
 
 namespace vantrel {
 
 /// A button that is a plate with the picture of a group; what is written on it is up to the kind of
-/// tile. Return presses it as Space does.
-class TileButton : public QAbstractButton {
+/// tile.
+class TileButton : public XButton {
   Q_OBJECT
 
  public:
@@ -16,10 +15,6 @@ class TileButton : public QAbstractButton {
   TileButton(Appearance& look, const ProgramFolder& folder, QWidget* parent = nullptr);
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-
   void setPicture(const std::string& path);
   const GroupPicture& picture() const { return picture_; }
   /// Draws the plate; a marked one has the accent edge, as has one with the focus.
@@ -29,8 +24,6 @@ class TileButton : public QAbstractButton {
                         const QColor& colour, int alignment, const QString& text);
   /// The font of the tile, bold, and larger by `scale`.
   QFont boldFont(qreal scale) const;
-
-  Appearance& look_;
 
  private:
   const ProgramFolder& folder_;

@@ -1,5 +1,7 @@
 #include "screens/time_domain_plot.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -25,8 +27,9 @@ TimeDomainPlot::TimeDomainPlot(Workbench bench, QWidget* parent) : QWidget(paren
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(400, 240);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  edge_timer_.setInterval(kEdgeInterval);
-  connect(&edge_timer_, &QTimer::timeout, this, [this] { form().scrollLeft(edge_left_); });
+  ScrollLeftRightTimer_.setInterval(kEdgeInterval);
+  connect(&ScrollLeftRightTimer_, &QTimer::timeout, this,
+          [this] { form().scrollLeft(edge_left_); });
   connect_view(bench.look.changed, this, [this] { scheduleDraw(); });
 }
 
@@ -53,6 +56,15 @@ void TimeDomainPlot::draw() {
   painter.end();
   update();
   emit drawn();
+}
+
+void TimeDomainPlot::copy() {
+  QPixmap picture = drawing_;
+  QPainter painter(&picture);
+  PainterDeviceContext surface(painter, area());
+  draw_overlay(surface, view(), {{}, form().cursors(), {}}, bench_.look.theme());
+  painter.end();
+  QApplication::clipboard()->setPixmap(picture);
 }
 
 void TimeDomainPlot::paintEvent(QPaintEvent*) {
@@ -134,12 +146,12 @@ void TimeDomainPlot::mousePressEvent(QMouseEvent* event) {
 
 void TimeDomainPlot::scrollAtEdge() {
   form().scrollLeft(edge_left_);
-  edge_timer_.start();
+  ScrollLeftRightTimer_.start();
 }
 
 void TimeDomainPlot::mouseMoveEvent(QMouseEvent* event) {
   pointer_ = event->position();
-  if ((event->buttons() & Qt::LeftButton) != 0 && !edge_timer_.isActive()) {
+  if ((event->buttons() & Qt::LeftButton) != 0 && !ScrollLeftRightTimer_.isActive()) {
     form().setCursor((event->modifiers() & Qt::ShiftModifier) != 0, event->position().x());
     emit cursorsMoved();
   }
@@ -147,7 +159,7 @@ void TimeDomainPlot::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TimeDomainPlot::mouseReleaseEvent(QMouseEvent* event) {
-  edge_timer_.stop();
+  ScrollLeftRightTimer_.stop();
   if (event->button() != Qt::RightButton || !band_from_) return;
   form().zoomSpan(*band_from_, event->position().x());
   band_from_.reset();
@@ -156,7 +168,7 @@ void TimeDomainPlot::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void TimeDomainPlot::leaveEvent(QEvent*) {
-  edge_timer_.stop();
+  ScrollLeftRightTimer_.stop();
   pointer_.reset();
   update();
 }

@@ -19,6 +19,8 @@ class TimeDomainPlot : public QWidget {
 
   /// Draws anew as soon as the pending events are through.
   void scheduleDraw();
+  /// Puts the graph, with its cursors, on the clipboard as a picture.
+  void copy();
   /// The form has other cursors, or another readout.
   void updateOverlay() { update(); }
 
@@ -48,7 +50,7 @@ class TimeDomainPlot : public QWidget {
 
   Workbench bench_;
   QPixmap drawing_;
-  QTimer edge_timer_;
+  QTimer ScrollLeftRightTimer_;
   std::optional<QPointF> pointer_;
   std::optional<double> band_from_;
   bool edge_left_ = false;

@@ -9,21 +9,25 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTableWidget>
+#include <QToolBar>
+#include <QToolButton>
 
 #include "core/file_writer.h"
-#include "screens/print_picture.h"
+#include "screens/theme_style.h"
 #include "screens/view_connection.h"
 
 namespace vantrel {
 
 namespace {
 
+constexpr const char* kNotIgnited = "Ballast run stage was not triggered with these settings";
 constexpr std::string_view kCsvTitle = "Export Table";
 constexpr std::string_view kCsvFilter = "CSV files (*.csv)|*.csv";
-constexpr std::string_view kCsvName = "\\Export\\Time Domain Window.csv";
+constexpr std::string_view kCsvName = "Time Domain Window.csv";
 
 struct KeyName {
   int key;
@@ -56,6 +60,8 @@ TimeDomainWindow::TimeDomainWindow(Workbench bench)
       plot_(new TimeDomainPlot(bench, this)),
       scroll_(new QScrollBar(Qt::Horizontal, this)),
       table_(new QTableWidget(this)),
+      notice_(new Notice(bench.look, {}, this)),
+      button_(new QPushButton(bench.look.icon("play", Role::OnAccent), "Calculate (F5)", plot_)),
       autofit_(new QCheckBox("&Autofit graph scales", this)) {
   makeCommands();
   makeMenus();
@@ -78,10 +84,12 @@ TimeDomainWindow::TimeDomainWindow(Workbench bench)
 
 void TimeDomainWindow::makeCommands() {
   zoom_in_ = addCommand("zoom_in", "Zoom &In", QKeySequence("Ctrl++"));
+  zoom_in_->setObjectName("mnuZoomIn");
   connect(zoom_in_, &QAction::triggered, this, [this] { form().zoomIn(); });
   connect(addCommand("zoom_out", "Zoom &Out", QKeySequence("Ctrl+-")), &QAction::triggered, this,
           [this] { form().zoomOut(); });
   previous_ = addCommand("back", "&Previous View", QKeySequence("Ctrl+Backspace"));
+  previous_->setObjectName("MnuPrevious");
   connect(previous_, &QAction::triggered, this, [this] { form().previousView(); });
   connect(addCommand("fit", "&Whole", QKeySequence("0")), &QAction::triggered, this,
           [this] { form().wholeView(); });
@@ -99,20 +107,31 @@ void TimeDomainWindow::makeCommands() {
     plot_->updateOverlay();
     refresh();
   });
-  connect(addCommand("cursors", "A/&B Cursors", {}), &QAction::triggered, this, [this] {
+  QAction* cursors = addCommand("cursors", "A/&B Cursors", {});
+  connect(cursors, &QAction::triggered, this, [this] {
     form().toggleCursors();
     plot_->updateOverlay();
     refreshTable();
   });
+  QAction* circuit = addCommand("circuit", "Output Circui&t", {});
+  connect(circuit, &QAction::triggered, this, [this] { session().outputCircuit().display(); });
+  connect(addCommand("copy", "&Copy", QKeySequence::Copy), &QAction::triggered, this,
+          [this] { plot_->copy(); });
   connect(
-      addCommand("export", "Export &Window as CSV...", {}), &QAction::triggered, this,
+      addCommand("export", "&Export Window as CSV...", {}), &QAction::triggered, this,
       [this] { exportWindow(); }, Qt::QueuedConnection);
+  auto* tools = findChild<QToolBar*>();
+  for (QAction* worded : {cursor_info_, cursors, circuit}) {
+    auto* button = qobject_cast<QToolButton*>(tools->widgetForAction(worded));
+    if (button != nullptr) button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  }
 }
 
 void TimeDomainWindow::makeMenus() {
   QMenu* plots = menuBar()->addMenu("&Plot");
   for (const Trace trace : kToggleOrder) {
     QAction* entry = plots->addAction(to_qstring(trace_row(trace).caption));
+    entry->setObjectName("mnuPlot." + to_qstring(trace_row(trace).label));
     entry->setCheckable(true);
     connect(entry, &QAction::triggered, this,
             [this, trace](bool on) { form().SetCheckState(trace, on); });
@@ -180,14 +199,26 @@ QWidget* TimeDomainWindow::makeMiddle() {
   auto* grid = new QGridLayout(middle);
   grid->setContentsMargins(0, 4, 0, 0);
   grid->setSpacing(0);
-  grid->addWidget(makeScale(0, "Voltage"), 0, 0, 2, 1);
-  grid->addWidget(plot_, 0, 1);
-  grid->addWidget(makeScale(1, "Current"), 0, 2, 2, 1);
-  grid->addWidget(scroll_, 1, 1);
-  grid->addWidget(table_, 2, 0, 1, 3);
-  grid->addWidget(makeToggles(), 3, 0, 1, 3);
+  grid->addWidget(notice_, 0, 0, 1, 3);
+  grid->addWidget(makeScale(0, "Voltage"), 1, 0, 2, 1);
+  auto* graph = new QGridLayout;
+  graph->addWidget(plot_, 0, 0, 3, 1);
+  graph->addWidget(button_, 2, 0, Qt::AlignHCenter | Qt::AlignTop);
+  graph->setRowStretch(0, 1);
+  graph->setRowStretch(2, 1);
+  graph->setRowMinimumHeight(1, 2 * QFontMetrics(font()).height());
+  grid->addLayout(graph, 1, 1);
+  grid->addWidget(makeScale(1, "Current"), 1, 2, 2, 1);
+  grid->addWidget(scroll_, 2, 1);
+  grid->addWidget(table_, 3, 0, 1, 3);
+  grid->addWidget(makeToggles(), 4, 0, 1, 3);
   grid->setColumnStretch(1, 1);
-  grid->setRowStretch(0, 1);
+  grid->setRowStretch(1, 1);
+  button_->setObjectName("calculate");
+  button_->raise();
+  ThemeStyle::setMainAction(*button_);
+  connect(
+      button_, &QPushButton::clicked, this, [this] { calculate(); }, Qt::QueuedConnection);
   scroll_->setObjectName("TimeScroll");
   scroll_->setAccessibleName("Time");
   scroll_->setRange(TimeScrollBar::kMin, TimeScrollBar::kMax);
@@ -238,6 +269,13 @@ void TimeDomainWindow::refresh() {
   }
   following_ = false;
   refreshTable();
+  refreshStatus();
+}
+
+void TimeDomainWindow::refreshStatus() {
+  button_->setVisible(!form().isGenerated());
+  const bool failed = form().isGenerated() && !form().isIgnited();
+  notice_->tell(failed ? kNotIgnited : "");
   QString where;
   if (form().isGenerated()) {
     where = QString("Window %1 us from %2 S")
@@ -277,7 +315,7 @@ void TimeDomainWindow::refreshTable() {
 
 void TimeDomainWindow::command(const std::string& key) {
   if (key == "c_print") {
-    print_picture(form().picture(), this);
+    session().printScreen(screen().name());
   } else if (key == "c_export_schematic") {
     session().timeDomainView().ExportGraph(form().picture(), bench().dialogs, session().folder(),
                                            [this](const auto& file, const Picture& picture) {
@@ -288,12 +326,10 @@ void TimeDomainWindow::command(const std::string& key) {
 
 void TimeDomainWindow::exportWindow() {
   if (!form().isGenerated()) return;
-  const auto proposed = session().folder().writable(kCsvName);
-  const auto path =
-      bench().dialogs.askSave(kCsvTitle, kCsvFilter, proposed ? proposed->string() : "");
-  if (!path || path->empty()) return;
-  const std::string name = std::filesystem::path(*path).filename().string();
-  const auto failure = write_file(*path, form().visibleCsv());
+  const std::string path = session().printing().select_savefile(kCsvTitle, kCsvName, kCsvFilter);
+  if (path.empty()) return;
+  const std::string name = name_without_path(path);
+  const auto failure = write_file(path, form().visibleCsv());
   session().messages().msg(screen().name(),
                            failure ? "Could not export file '" + name + "' (" + *failure + ")"
                                    : "File '" + name + "' Exported OK",
@@ -301,7 +337,9 @@ void TimeDomainWindow::exportWindow() {
 }
 
 void TimeDomainWindow::calculate() {
-  session().simple().MainButton_Click(Simple::kCalculateButton);
+  const bool current = bench().status.state() == DesignStatus::State::Current;
+  if (!current) session().simple().MainButton_Click(Simple::kCalculateButton);
+  session().bar("Simple")->execute_command("c_graph_td");
 }
 
 void TimeDomainWindow::keyPressEvent(QKeyEvent* event) {

@@ -3,11 +3,13 @@
 #include <array>
 #include <vector>
 
+#include "screens/notice.h"
 #include "screens/output_window.h"
 #include "screens/time_domain_plot.h"
 #include "screens/trace_button.h"
 
 class QCheckBox;
+class QPushButton;
 class QScrollBar;
 class QSlider;
 class QTableWidget;
@@ -40,12 +42,15 @@ class TimeDomainWindow : public OutputWindow {
   QWidget* makeToggles();
   void refresh();
   void refreshTable();
+  void refreshStatus();
   void exportWindow();
 
   TimeDomainPlot* plot_;
   std::array<Scale, 2> scales_{};
   QScrollBar* scroll_;
   QTableWidget* table_;
+  Notice* notice_;
+  QPushButton* button_;
   std::vector<TraceButton*> toggles_;
   std::vector<QAction*> plot_entries_;
   std::vector<QAction*> jumps_;

@@ -2,8 +2,6 @@
 
 #include <QPainter>
 
-#include "screens/view_connection.h"
-
 namespace vantrel {
 
 namespace {
@@ -25,7 +23,7 @@ QPen sample_pen(const Pen& pen) {
 }  // namespace
 
 TraceButton::TraceButton(Trace trace, Appearance& look, QWidget* parent)
-    : QAbstractButton(parent), trace_(trace), look_(look) {
+    : XButton(look, parent), trace_(trace) {
   const QString caption = to_qstring(trace_row(trace).caption);
   setText(caption);
   setObjectName("DisplayToggles." + to_qstring(trace_row(trace).label));
@@ -33,7 +31,6 @@ TraceButton::TraceButton(Trace trace, Appearance& look, QWidget* parent)
   setCheckable(true);
   setFocusPolicy(Qt::TabFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  connect_view(look.changed, this, [this] { update(); });
 }
 
 QSize TraceButton::sizeHint() const {
@@ -41,8 +38,7 @@ QSize TraceButton::sizeHint() const {
   return {metrics.horizontalAdvance(text()) + kSample + 3 * kPadding, metrics.height() + 14};
 }
 
-void TraceButton::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+void TraceButton::DrawXButton(QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool on = isChecked();
   const Pen pen = trace_pen(trace_, Theme::Dark);

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QAbstractButton>
-
-#include "screens/appearance.h"
+#include "screens/x_button.h"
 #include "waveforms/time_domain_view_traces.h"
 
 namespace vantrel {
 
 /// The toggle of a trace: a dark chip with a sample of its pen, pale when the trace is off.
-class TraceButton : public QAbstractButton {
+class TraceButton : public XButton {
   Q_OBJECT
 
  public:
@@ -18,11 +16,10 @@ class TraceButton : public QAbstractButton {
   QSize sizeHint() const override;
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
+  void DrawXButton(QPainter& painter) override;
 
  private:
   Trace trace_;
-  Appearance& look_;
 };
 
 }  // namespace vantrel

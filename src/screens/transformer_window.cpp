@@ -9,6 +9,7 @@
 
 #include "screens/core_row.h"
 #include "screens/designer_buttons.h"
+#include "screens/designer_pane.h"
 #include "screens/frame_panel.h"
 #include "screens/notice.h"
 #include "screens/view_connection.h"
@@ -43,11 +44,7 @@ TransformerWindow::TransformerWindow(Workbench workbench)
   sides->addLayout(right, 1);
   rows->addLayout(sides, 1);
   rows->addWidget(makeButtons());
-  auto* pane = new QScrollArea(this);
-  pane->setFrameShape(QFrame::NoFrame);
-  pane->setWidgetResizable(true);
-  pane->setWidget(middle);
-  setCentralWidget(pane);
+  setCentralWidget(scrolling_pane(middle, this));
   auto* main_action = new QShortcut(QKeySequence("F5"), this);
   connect(
       main_action, &QShortcut::activated, this, [this] { design(); }, Qt::QueuedConnection);
@@ -107,11 +104,7 @@ QWidget* TransformerWindow::makeButtons() {
 }
 
 void TransformerWindow::design() {
-  if (session().isBusy()) return;
-  const std::size_t before = session().messages().shown().size();
-  if (session().designTransformer()) return;
-  const std::vector<Message>& shown = session().messages().shown();
-  if (shown.size() > before) notice_->tell(to_qstring(with_line_breaks(shown.back().text)));
+  design_with_notice(session(), *notice_, [this] { return session().designTransformer(); });
 }
 
 void TransformerWindow::edited() {

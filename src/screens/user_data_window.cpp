@@ -7,11 +7,16 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSignalBlocker>
 
+#include "screens/c_tooltip.h"
+#include "screens/designer_pane.h"
 #include "screens/frame_panel.h"
 #include "screens/theme_style.h"
+#include "screens/x_button.h"
 
 namespace vantrel {
 
@@ -49,10 +54,19 @@ UserDataWindow::UserDataWindow(EditUserData& form, Appearance& look, QWidget* pa
   edit_.events.changed = [this] { refresh(); };
   refresh();
   search_->setFocus();
-  resize(kSize.expandedTo(sizeHint()));
+  new ToolTipUtility(*this, look_);
+  resize(wantedSize());
 }
 
 UserDataWindow::~UserDataWindow() { edit_.events.changed = nullptr; }
+
+/// Large enough for all fields, as far as the screen has room; the fields scroll otherwise.
+QSize UserDataWindow::wantedSize() const {
+  const QSize hidden = panel_->sizeHint() - pane_->sizeHint();
+  const QSize whole = kSize.expandedTo(sizeHint() + hidden.expandedTo({0, 0}));
+  const QSize frame = frameGeometry().size() - size();
+  return whole.boundedTo(screen()->availableSize() - frame);
+}
 
 QWidget* UserDataWindow::makeSelector() {
   auto* column = new QWidget(this);
@@ -88,7 +102,9 @@ QWidget* UserDataWindow::makeFields() {
   }
   panel_->grid().setColumnStretch(1, 1);
   panel_->grid().setRowStretch(static_cast<int>(count), 1);
-  return panel_;
+  pane_ = scrolling_column(panel_, this);
+  pane_->setObjectName("fields");
+  return pane_;
 }
 
 QWidget* UserDataWindow::makeSteps() {
@@ -108,15 +124,19 @@ QWidget* UserDataWindow::makeSteps() {
 }
 
 void UserDataWindow::addStep(QWidget& row, const char* icon, const char* words, Step step) {
-  auto* button = new QPushButton(look_.icon(icon), {}, &row);
+  auto* button = new XButton(look_, &row);
   button->setObjectName(icon);
-  button->setAccessibleName(words);
+  button->Style(XButtonStyle::Graphic);
+  button->ImageList({look_.icon(icon), look_.icon(icon, Role::Accent)});
+  button->ImageEnabled(0);
+  button->ImageOver(1);
+  button->ImageClicked(1);
+  button->Caption(words);
   button->setToolTip(words);
-  button->setAutoDefault(false);
   row.layout()->addWidget(button);
   steps_.push_back(button);
   connect(
-      button, &QPushButton::clicked, this, [this, step] { go(step); }, Qt::QueuedConnection);
+      button, &XButton::clicked, this, [this, step] { go(step); }, Qt::QueuedConnection);
 }
 
 QWidget* UserDataWindow::makeCommands() {
@@ -183,7 +203,7 @@ void UserDataWindow::addRecord() {
   if (!edit_.CommandNew()) {
     focusRefused();
   } else if (!fields_.empty()) {
-    fields_.front()->editor().setFocus();
+    focusField(0);
   }
 }
 
@@ -194,7 +214,13 @@ void UserDataWindow::save() {
 /// Brings the user to the field that keeps the record from being saved.
 void UserDataWindow::focusRefused() {
   const int refused = edit_.RefusedField();
-  if (refused >= 0) fields_[static_cast<std::size_t>(refused)]->editor().setFocus();
+  if (refused >= 0) focusField(static_cast<std::size_t>(refused));
+}
+
+void UserDataWindow::focusField(std::size_t field) {
+  QWidget& editor = fields_[field]->editor();
+  editor.setFocus();
+  pane_->ensureWidgetVisible(&editor);
 }
 
 void UserDataWindow::refresh() {
@@ -205,7 +231,7 @@ void UserDataWindow::refresh() {
   panel_->captionLabel().setText(to_qstring(edit_.FrameCaption()));
   count_->setText(to_qstring(edit_.RecordCountText()));
   for (RecordField* field : fields_) field->refresh();
-  for (QPushButton* step : steps_) step->setEnabled(edit_.RecordCount() > 0);
+  for (XButton* step : steps_) step->setEnabled(edit_.RecordCount() > 0);
   new_->setEnabled(edit_.mayAdd());
   save_->setEnabled(any && changed);
   delete_->setEnabled(edit_.mayDelete());

@@ -9,10 +9,12 @@
 class QLabel;
 class QListWidget;
 class QPushButton;
+class QScrollArea;
 
 namespace vantrel {
 
 class Panel;
+class XButton;
 
 /// The editor of the user's own lamps or cores: the list of records, the fields of the present one,
 /// and the commands on them. It works on a form whose records have been opened.
@@ -34,6 +36,7 @@ class UserDataWindow : public QDialog {
   using Action = void (UserDataWindow::*)();
   using Step = bool (SQLTableEdit::*)();
 
+  QSize wantedSize() const;
   QWidget* makeSelector();
   QWidget* makeFields();
   QWidget* makeSteps();
@@ -46,6 +49,7 @@ class UserDataWindow : public QDialog {
   void addRecord();
   void save();
   void focusRefused();
+  void focusField(std::size_t field);
   void refresh();
   void refreshList();
   void filterList();
@@ -57,9 +61,10 @@ class UserDataWindow : public QDialog {
   QLineEdit* search_ = nullptr;
   QListWidget* list_ = nullptr;
   Panel* panel_ = nullptr;
+  QScrollArea* pane_ = nullptr;
   std::vector<RecordField*> fields_;
   QLabel* count_ = nullptr;
-  std::vector<QPushButton*> steps_;
+  std::vector<XButton*> steps_;
   QPushButton* new_ = nullptr;
   QPushButton* save_ = nullptr;
   QPushButton* delete_ = nullptr;

@@ -8,6 +8,7 @@
 #include "screens/inductor_window.h"
 #include "screens/operating_points_window.h"
 #include "screens/options_dialog.h"
+#include "screens/output_circuit_window.h"
 #include "screens/simple_window.h"
 #include "screens/time_domain_window.h"
 #include "screens/transformer_window.h"
@@ -39,6 +40,7 @@ constexpr Row kRows[] = {
     row<SimpleWindow>("Simple"),
     row<ImageWindow>("ImageDisplay"),
     row<TimeDomainWindow>("GraphTimeDomain"),
+    row<OutputCircuitWindow>("TimeDomainRCL"),
     row<TransformerWindow>("Transformer"),
     row<ValidateWindow>("ValidateSchematic"),
 };

@@ -4,6 +4,7 @@
 
 #include "core/fault.h"
 #include "core/number_text.h"
+#include "core/save_dialog.h"
 #include "waveforms/operating_points_graph_curves.h"
 #include "waveforms/operating_points_graph_drawing.h"
 
@@ -100,15 +101,14 @@ Picture GraphOP::picture(Size size, Theme theme) {
 
 bool GraphOP::ExportGraph(FileDialogs& dialogs, const ProgramFolder& folder,
                           const PictureWriter& write) {
-  const auto proposed = folder.writable("\\Export\\" + std::string(kExportName));
-  const auto path =
-      dialogs.askSave(kExportTitle, kExportFilter, proposed ? proposed->string() : "");
-  if (!path || path->empty()) return false;
+  const std::string path =
+      select_savefile(&dialogs, folder, kExportTitle, kExportName, kPictureFilter);
+  if (path.empty()) return false;
   const Size size = area_.width > 0 ? area_ : kPictureSize;
-  const auto failure = write(*path, picture(size));
+  const auto failure = write(path, picture(size));
   if (!failure) return true;
   messages_.msg(kScreen,
-                "Could not export file '" + name_without_path(*path) + "' (" + *failure + ")",
+                "Could not export file '" + name_without_path(path) + "' (" + *failure + ")",
                 kMessageOk, kSeverityWarning);
   return false;
 }

@@ -25,8 +25,6 @@ class GraphOP {
   static constexpr std::string_view kMissingText = "Graph Inputs Not Available, Retry Calculation";
   static constexpr std::string_view kExportTitle = "Export Graph Image";
   static constexpr std::string_view kExportName = "Operating Points Graph.bmp";
-  static constexpr std::string_view kExportFilter =
-      "Bitmap (*.bmp)|*.bmp|PNG (*.png)|*.png|SVG (*.svg)|*.svg|PDF (*.pdf)|*.pdf";
   /// Size of an exported picture when no window has given one.
   static constexpr Size kPictureSize{1080, 600};
 

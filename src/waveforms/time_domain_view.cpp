@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/save_dialog.h"
+
 namespace vantrel {
 
 namespace {
@@ -78,14 +80,13 @@ bool TimeDomainView::RenderTimeDomain(DeviceContext& surface, const TimeDomainRe
 
 bool TimeDomainView::ExportGraph(const Picture& picture, FileDialogs& dialogs,
                                  const ProgramFolder& folder, const PictureWriter& write) {
-  const auto proposed = folder.writable("\\Export\\" + std::string(kExportName));
-  const auto path =
-      dialogs.askSave(kExportTitle, kExportFilter, proposed ? proposed->string() : "");
-  if (!path || path->empty()) return false;
-  const auto failure = write(*path, picture);
+  const std::string path =
+      select_savefile(&dialogs, folder, kExportTitle, kExportName, kPictureFilter);
+  if (path.empty()) return false;
+  const auto failure = write(path, picture);
   if (!failure) return true;
   messages_.msg(kScreen,
-                "Could not export file '" + name_without_path(*path) + "' (" + *failure + ")",
+                "Could not export file '" + name_without_path(path) + "' (" + *failure + ")",
                 kMessageOk, kSeverityWarning);
   return false;
 }

@@ -46,8 +46,6 @@ class TimeDomainView {
  public:
   static constexpr const char* kExportTitle = "Export Graph Image";
   static constexpr const char* kExportName = "Time Domain Graph.bmp";
-  static constexpr const char* kExportFilter =
-      "Bitmap (*.bmp)|*.bmp|PNG (*.png)|*.png|SVG (*.svg)|*.svg|PDF (*.pdf)|*.pdf";
 
   TimeDomainView(GraphTD& graph, SysMsg& messages) : graph_(graph), messages_(messages) {}
 

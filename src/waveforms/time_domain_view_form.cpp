@@ -9,7 +9,6 @@ namespace vantrel {
 
 namespace {
 
-constexpr double kScrollRange = TimeScrollBar::kMax - TimeScrollBar::kMin;
 constexpr std::size_t kVolts = 0;
 constexpr std::size_t kAmperes = 1;
 constexpr double kVoltsOfStep = 100;
@@ -96,8 +95,9 @@ void GraphTimeDomain::place() {
   place_.position = std::clamp(place_.position, 0.0, std::max(room, 0.0));
   scroll_.visible = room > 0;
   if (!scroll_.visible) return;
-  scroll_.largeChange = std::max(1, round_to_int32(kScrollRange * place_.window / total_));
-  scroll_.value = TimeScrollBar::kMin + round_to_int32(place_.position / room * kScrollRange);
+  scroll_.largeChange = std::max(1, round_to_int32(TimeScrollBar::kRange * place_.window / total_));
+  scroll_.value =
+      TimeScrollBar::kMin + round_to_int32(place_.position / room * TimeScrollBar::kRange);
 }
 
 TimeDomainRequest GraphTimeDomain::request(bool printing) const {
@@ -208,9 +208,14 @@ std::string GraphTimeDomain::visibleCsv() const {
   return samples_csv(graph_, true_time(graph_, place_.position), true_time(graph_, end));
 }
 
+TimeDomainRCL::TimeDomainRCL(FieldContext& context, GraphTimeDomain& form)
+    : Screen("TimeDomainRCL", "Output Circuit", context), form_(form) {
+  SetStates();
+}
+
 void TimeDomainRCL::display() {
   SetStates();
-  visible_ = true;
+  visible(true);
 }
 
 void TimeDomainRCL::SetStates() {
@@ -222,6 +227,7 @@ void TimeDomainRCL::SetStates() {
     const bool on = form_.GetCheckState(trace);
     images_[i] = {trace, on ? 2 : 1, on ? kOn[i] : kOff};
   }
+  notifyLayoutChanged();
 }
 
 void TimeDomainRCL::click(std::size_t image) {

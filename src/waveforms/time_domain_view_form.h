@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/screen.h"
 #include "waveforms/time_domain_cursor.h"
 #include "waveforms/time_domain_measure.h"
 #include "waveforms/time_domain_view.h"
@@ -26,6 +27,7 @@ struct ScaleSlider {
 struct TimeScrollBar {
   static constexpr std::int32_t kMin = -32768;
   static constexpr std::int32_t kMax = 32767;
+  static constexpr double kRange = kMax - kMin;
   std::int32_t value = kMin;
   std::int32_t largeChange = 1;
   bool visible = false;
@@ -149,6 +151,8 @@ class GraphTimeDomain {
   std::string visibleCsv() const;
 
   bool isGenerated() const { return result_ > 0; }
+  /// False for a run that has ended before the lamp ignited.
+  bool isIgnited() const { return isGenerated() && graph_.StageTable()[2].FirstSample > 0; }
   double TotalTime() const { return total_; }
   double TimeWindow() const { return place_.window; }
   double TimePosition() const { return place_.position; }
@@ -194,21 +198,18 @@ struct RCLSelectorImage {
 };
 
 /// The output circuit beside the graph: five pictures that show and toggle traces.
-class TimeDomainRCL {
+class TimeDomainRCL : public Screen {
  public:
-  explicit TimeDomainRCL(GraphTimeDomain& form) : form_(form) {}
+  TimeDomainRCL(FieldContext& context, GraphTimeDomain& form);
   /// Brings the pictures up to date and shows the window.
   void display();
   void SetStates();
   void click(std::size_t image);
   const std::array<RCLSelectorImage, 5>& images() const { return images_; }
-  bool visible() const { return visible_; }
-  void hide() { visible_ = false; }
 
  private:
   GraphTimeDomain& form_;
   std::array<RCLSelectorImage, 5> images_{};
-  bool visible_ = false;
 };
 
 }  // namespace vantrel

@@ -9,12 +9,11 @@ namespace vantrel {
 namespace {
 
 constexpr double kScrollShare = 40;
-constexpr double kScrollRange = TimeScrollBar::kMax - TimeScrollBar::kMin;
 
 }  // namespace
 
 void GraphTimeDomain::scrollTo(std::int32_t value) {
-  const double per_unit = (total_ - place_.window) / kScrollRange;
+  const double per_unit = (total_ - place_.window) / TimeScrollBar::kRange;
   moveTo((static_cast<double>(value) - TimeScrollBar::kMin) * per_unit);
 }
 

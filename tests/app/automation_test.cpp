@@ -141,6 +141,8 @@ TEST_F(AutomationTest, ReadsTheDatabaseButNeverWritesIt) {
       run(R"({"op":"sql","text":"select Name from [DATA:IC] where RecordType = 2 order by ID"})");
   EXPECT_EQ(reply.at("rows").size(), 10U);
   EXPECT_EQ(reply["rows"][1]["Name"], "TV6103");
+  EXPECT_EQ(run(R"({"op":"sql","text":"select 1 as a, 2 as a, 3 as a_2, 4 as a"})")["rows"][0],
+            Json({{"a", 1}, {"a_2", 2}, {"a_2_2", 3}, {"a_3", 4}}));
   for (const char* line : {R"({"op":"sql","text":"delete from [DATA:IC]"})",
                            R"({"op":"sql","text":"select * from nowhere"})"}) {
     EXPECT_FALSE(run(line).at("ok")) << line;

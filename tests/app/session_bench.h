@@ -36,6 +36,10 @@ class SessionBench {
                      .writePicture =
                          [this](const auto& file, const Picture& picture) {
                            return pictures.write(file, picture);
+                         },
+                     .writePages =
+                         [this](const auto& file, const PrintJob& job, const PaperSetup& setup) {
+                           return pictures.writePages(file, job, setup);
                          }},
         version);
     return *session;

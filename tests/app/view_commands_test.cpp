@@ -13,7 +13,8 @@ class ViewCommands : public ::testing::Test {
   Json run(const char* line) { return automation.runLine(line); }
 
   SessionBench bench;
-  Automation automation{bench.start()};
+  Session& session{bench.start()};
+  Automation automation{session};
 };
 
 TEST_F(ViewCommands, AnswerWithPlotPointsAndStages) {
@@ -22,6 +23,7 @@ TEST_F(ViewCommands, AnswerWithPlotPointsAndStages) {
   EXPECT_EQ(reply.at("error"), "Graph Inputs Not Available, Retry Calculation");
 
   run(R"({"op":"time_domain","members":{"LValue":0.002,"RunFrequency":36,"TargetNumber":1}})");
+  EXPECT_TRUE(session.timeDomainForm().isGenerated());  // the viewer has the run
   reply = run(R"({"op":"view","window":20000,"position":0,"short":true,"width":1000,"height":500,)"
               R"("traces":["VR","IL"],"autofit":true})");
   ASSERT_TRUE(reply.at("ok")) << reply.dump();

@@ -42,6 +42,7 @@ struct ImageDisplayTest : ::testing::Test {
                         .calculate_simple =
                             [this] {
                               bill.add("Resistor", "10 k", "", "", "R1");
+                              bill.add("Control IC", "TV6103", "", "", "IC1");
                               return true;
                             },
                         .makeTimer =
@@ -79,7 +80,7 @@ struct ImageDisplayTest : ::testing::Test {
 };
 
 TEST_F(ImageDisplayTest, ShowsTheCircuitOnceComponentsAreCalculated) {
-  draw(kCircuit, {"R1"}, "value R1 1100 500 60\n");
+  draw(kCircuit, {"R1"}, "value R1 1100 500 60 200 right\nvalue IC1 1100 500 60 100 left\n");
   EXPECT_FALSE(display.show_schematic());
   EXPECT_EQ(fields.takeMessages(),
             Texts{"Schematic cannot be shown until components have been calculated.\r\n\r\n"
@@ -89,7 +90,7 @@ TEST_F(ImageDisplayTest, ShowsTheCircuitOnceComponentsAreCalculated) {
   EXPECT_EQ(display.caption(), "TV6103 Circuit Diagram");
   EXPECT_TRUE(display.isSchematicDisplayed());
   EXPECT_EQ(display.schematicFile(), (home.path() / kCircuit).string());
-  EXPECT_EQ(drawnTexts(), (Texts{"R1", "10 k"}));
+  EXPECT_EQ(drawnTexts(), (Texts{"R1", "10 k"}));  // the other value is longer than its room
   display.setmin(true);
   EXPECT_EQ(display.caption(), "SCHEMATIC");
 }
@@ -153,6 +154,24 @@ TEST_F(ImageDisplayTest, PrintsTwelveOverlays) {
             (Texts{"0.45 mm", "1.2 mH", "2.5 Apk", "120", "10", "0.2", "10", "0.2", "10", "0.2"}));
 }
 
+TEST_F(ImageDisplayTest, ShowsTheLayersOfTheBoard) {
+  using namespace std::string_literals;
+  home.write("Graphics/Layer1.gif", "GIF89a\x2c\x01\xc8\x00"s);
+  home.write("Graphics/Layer2.gif", "\x89PNG\r\n\x1a\n????IHDR\0\0\0\x50\0\0\0\x28"s);
+  home.write("Graphics/Layer3.gif", "GIF89a\0\0\x28\0"s);  // has no width
+  EXPECT_FALSE(display.show_photoplot());
+  EXPECT_EQ(fields.takeMessages(),
+            Texts{"Picture 'Layer3' could not be found\r\nFilename : \\Graphics\\Layer3.gif"});
+  EXPECT_EQ(display.caption(), "Board Photoplot");
+  RecordingDeviceContext surface({1000, 800});
+  display.render_image_details(surface, {0, 0}, 2);
+  const auto images = surface.calls(DrawingCall::Kind::Image);
+  ASSERT_EQ(images.size(), 2U);
+  EXPECT_EQ(images[0].points, (std::vector<Point>{{0, 36}, {600, 436}}));  // 300 x 200, doubled
+  EXPECT_EQ(images[1].points[1].x, 808);  // 80 wide, beside the first
+  EXPECT_EQ(images[1].points[1].y - images[1].points[0].y, 80);
+}
+
 TEST_F(ImageDisplayTest, RingsComponents) {
   bill.add("Resistor", "10 k", "", "", "R1");
   draw(kCircuit, {"R1", "C1", "Q1"}, "component R1 900 400 1100 600  # symbol\ncomponent R2 x\n");
@@ -198,12 +217,24 @@ TEST(ImageDocument, TellsWhyAComponentHasNoPlace) {
 TEST(ImageView, ZoomsByPowersOfTwo) {
   ImageView view;
   view.setViewport({1000, 800});
-  view.setDocument({1900, 900});
+  view.setDocument({2000, 900});
   view.fit();
-  EXPECT_EQ(view.level(), 3);
-  EXPECT_EQ(view.scale(), 0.5);
+  EXPECT_DOUBLE_EQ(view.scale(), 0.5);
   EXPECT_FALSE(view.horizontal().visible);
-  EXPECT_EQ(view.origin(), (Point{25, 175}));  // centred
+  EXPECT_EQ(view.origin(), (Point{0, 175}));  // centred
+  view.setDocument({1900, 1000});
+  view.fit();
+  EXPECT_DOUBLE_EQ(view.scale(), 10 / 19.0);
+  EXPECT_TRUE(view.zoomIn());
+  EXPECT_DOUBLE_EQ(view.scale(), 20 / 19.0);
+  EXPECT_TRUE(view.zoomIn());
+  EXPECT_TRUE(view.zoomIn());  // less than a level, up to the last one
+  EXPECT_EQ(view.scale(), 4);
+  EXPECT_FALSE(view.zoomIn());
+  view.setDocument({1900, 900});
+  view.zoomOut();
+  view.zoomOut();
+  view.zoomOut();
   // The point under the pointer stays there.
   const Point anchor{300, 400};
   const Point before = view.toDocument(anchor);

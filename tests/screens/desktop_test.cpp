@@ -67,6 +67,26 @@ TEST_F(DesktopTest, AProjectComesBackAndTheUnsavedDesignIsAskedFor) {
   EXPECT_EQ(bench_.desktop->status().state(), DesignStatus::State::Current);
 }
 
+TEST_F(DesktopTest, TheFileMenuWritesTheDesignReport) {
+  Desktop& desktop = start();
+  design();
+  auto* report = desktop.window("Simple")->findChild<QAction*>("designReport");
+  ASSERT_NE(report, nullptr);
+  for (const char* name : {"r.pdf", "r.html"}) {
+    const auto file = bench_.home.path() / name;
+    bench_.files.answer = file.string();
+    report->trigger();
+    bench_.pump();
+    EXPECT_TRUE(std::filesystem::exists(file)) << name;
+  }
+  const std::size_t told = dialog_.shown.size();
+  bench_.files.answer = "/nowhere/r.pdf";
+  report->trigger();
+  bench_.pump();
+  ASSERT_EQ(dialog_.shown.size(), told + 1);
+  EXPECT_TRUE(dialog_.shown.back().text.starts_with("Could not export file 'r.pdf' ("));
+}
+
 TEST_F(DesktopTest, ClosingTheMainWindowAsksAndEndsTheRun) {
   Desktop& desktop = start();
   design();

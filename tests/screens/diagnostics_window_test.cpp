@@ -92,6 +92,53 @@ TEST_F(DiagnosticsWindowTest, ChecksReportAndTheReportIsCopiedAndSaved) {
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(saved), {}), whole.toStdString());
 }
 
+TEST_F(DiagnosticsWindowTest, AnswersDuringATestAndCancelsIt) {
+  find<QListWidget>("DebugUtils.tests")->setCurrentRow(1);
+  auto* components = find<QListWidget>("DebugUtils.components");
+  components->setCurrentRow(1);  // all of them
+  auto* report = find<QListWidget>("DebugUtils.report");
+  auto* cancel = find<QPushButton>("DebugUtils.cancel");
+  find<QPushButton>("DebugUtils.start")->click();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return report->count() > 0; }));
+  EXPECT_TRUE(cancel->isVisible());
+  EXPECT_FALSE(find<QPushButton>("DebugUtils.start")->isEnabled());
+  QTest::keyClick(cancel, Qt::Key_Space);
+  EXPECT_EQ(report->item(report->count() - 1)->text(), "Cancelled");
+  const int lines = report->count();
+  bench_.pump();
+  EXPECT_EQ(report->count(), lines);
+  EXPECT_FALSE(cancel->isVisible());
+
+  click("DebugUtils.start");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !cancel->isVisible(); }));
+  EXPECT_GT(report->count(), lines);
+  EXPECT_TRUE(find<QLabel>("DebugUtils.totals")->text().endsWith(" 0 findings"));
+}
+
+TEST_F(DiagnosticsWindowTest, TheWalkThroughAllCombinationsCanBeCancelled) {
+  QTimer cancel;
+  QObject::connect(&cancel, &QTimer::timeout, [&] {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      auto* button = top->findChild<QPushButton*>("Cancel");
+      if (top->objectName() == "PleaseWait" && button->isVisible()) button->click();
+    }
+  });
+  cancel.start(50);
+  session().messages().injectAnswers({kNo, kYes, kOk, kOk, kOk});
+  click("TestAllCalculations");
+  auto* report = find<QListWidget>("DebugUtils.report");
+  EXPECT_EQ(report->count(), 0);
+  click("TestAllCalculations");
+  EXPECT_EQ(lastMessage(), "Operation Cancelled");
+  ASSERT_GT(report->count(), 0);
+  EXPECT_TRUE(report->item(report->count() - 1)
+                  ->text()
+                  .endsWith(" combinations calculated, then cancelled"));
+  EXPECT_FALSE(session().isBusy());
+  EXPECT_FALSE(session().pleaseWait().visible());
+  EXPECT_TRUE(find<QPushButton>("TestAllCalculations")->isEnabled());
+}
+
 TEST_F(DiagnosticsWindowTest, TheLogIsSearchedAndSetsBreakAndWatch) {
   session().log().keepLines(true);
   for (const char* line : {"start", "RFMIN = 1", "CF = 2", "rfmin again"}) {

@@ -1,17 +1,20 @@
+#include <QAction>
 #include <QClipboard>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTableView>
 #include <fstream>
 #include <iterator>
 
+#include "app/print_jobs.h"
 #include "screens/bill_table.h"
 #include "screens/desktop_bench.h"
 #include "screens/gain_graph.h"
-#include "screens/print_picture.h"
+#include "screens/print_preview.h"
 
 namespace vantrel {
 namespace {
@@ -149,6 +152,10 @@ TEST_F(OutputWindowsTest, TheGraphIsDrawnOnDemandOnly) {
   window->resize(window->width() + 40, window->height());
   bench_.pump();
   EXPECT_EQ(graph->drawCount(), drawn + 2);
+  ASSERT_TRUE(session().selectByName(kSlotLamp, "T5 35W"));
+  bench_.pump();
+  EXPECT_GT(graph->drawCount(), drawn + 2) << "a selection has taken the curves away";
+  EXPECT_FALSE(graph->scale());
 }
 
 TEST_F(OutputWindowsTest, TheCursorIsMovedByKeysAndScrollsTheAxis) {
@@ -182,19 +189,40 @@ TEST_F(OutputWindowsTest, MissingInputsLeaveOnlyTheWayToCalculate) {
   EXPECT_TRUE(session().operatingPointsGraph().inputsAvailable());
 }
 
-TEST_F(OutputWindowsTest, ATableIsPrintedOnOneSheet) {
+TEST_F(OutputWindowsTest, ThePreviewSavesWhatItShowsAndFollowsThePageSetup) {
   calculate();
-  const auto file = bench_.home.path() / "bill.pdf";
-  QPrinter printer;
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(QString::fromStdString(file.string()));
   openBill();
-  bill_of_materials& bill = session().billOfMaterials();
-  ASSERT_TRUE(print_picture_to(printer, table_picture(bill.grid(), bill.caption())));
-  std::ifstream stream(file, std::ios::binary);
+  const auto job = print_job(session(), session().billOfMaterials().name());
+  ASSERT_TRUE(job);
+  PrintPreview preview(session(), *job, nullptr);
+  preview.show();
+  bench_.pump();
+  EXPECT_EQ(preview.findChild<QLabel*>("page")->text(), "Page 1 of 2");
+  bench_.files.answer = (bench_.home.path() / "bill.pdf").string();
+  preview.findChild<QAction*>("savePdf")->trigger();
+  bench_.pump();
+  std::ifstream stream(*bench_.files.answer, std::ios::binary);
   const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
   EXPECT_EQ(bytes.rfind("%PDF", 0), 0u);
-  EXPECT_NE(bytes.find("/Count 1"), std::string::npos);
+  EXPECT_NE(bytes.find("/Count 2"), std::string::npos);
+
+  PaperSetup wide = session().paperSetup();
+  wide.top = wide.bottom = PaperSetup::kMostMargin;
+  wide.orientation = PaperOrientation::Landscape;
+  QTimer answer;
+  QObject::connect(&answer, &QTimer::timeout, &answer, [&] {
+    auto* setup = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (setup == nullptr) return;
+    setup->findChild<QComboBox*>("orientation")->setCurrentIndex(2);
+    setup->findChild<QDoubleSpinBox*>("top")->setValue(wide.top);
+    setup->findChild<QDoubleSpinBox*>("bottom")->setValue(wide.bottom);
+    setup->accept();
+  });
+  answer.start(1);
+  preview.findChild<QAction*>("pageSetup")->trigger();
+  bench_.pump();
+  EXPECT_EQ(session().paperSetup(), wide);
+  EXPECT_NE(preview.findChild<QLabel*>("page")->text(), "Page 1 of 2");
 }
 
 }  // namespace

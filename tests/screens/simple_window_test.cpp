@@ -78,6 +78,7 @@ TEST_F(SimpleWindowTest, AFailedRunKeepsItsLastMessageOnView) {
   ASSERT_FALSE(session().messages().shown().empty());
   EXPECT_EQ(bench_.desktop->status().state(), DesignStatus::State::Failed);
   EXPECT_TRUE(label("results.outcome").starts_with("Not complete: ")) << label("results.outcome");
+  EXPECT_FALSE(bench_.find<QWidget>("Simple", "banner")->isVisible()) << "told once is enough";
 }
 
 TEST_F(SimpleWindowTest, GatesDisableTilesAndOutputWindows) {

@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "desktop_bench.h"
@@ -44,8 +46,8 @@ class UserDataWindowTest : public testing::Test {
     return *window_->findChild<Widget*>(name);
   }
   void click(const char* name) {
-    ASSERT_TRUE(part<QPushButton>(name).isEnabled()) << name;
-    part<QPushButton>(name).click();
+    ASSERT_TRUE(part<QAbstractButton>(name).isEnabled()) << name;
+    part<QAbstractButton>(name).click();
     bench_.pump();
   }
   void key(Qt::Key code, Qt::KeyboardModifiers with = Qt::NoModifier) {
@@ -84,7 +86,7 @@ TEST_F(UserDataWindowTest, ASavedLampIsOnOfferUntilItIsDeletedAndAgainWhenThatIs
     EXPECT_EQ(count(), "No Records");
     EXPECT_FALSE(part<QLineEdit>("Name").isEnabled());
     for (const char* off : {"first", "last", "save", "delete", "export", "undo"}) {
-      EXPECT_FALSE(part<QPushButton>(off).isEnabled()) << off;
+      EXPECT_FALSE(part<QAbstractButton>(off).isEnabled()) << off;
     }
     enterLamp("Lab T5");
     EXPECT_TRUE(window_->isWindowModified());
@@ -155,6 +157,45 @@ TEST_F(UserDataWindowTest, EveryWayOutAsksAndCancelStays) {
     click("close");
     EXPECT_FALSE(window_->isVisible());
     EXPECT_EQ(edit().FieldText(8), "90");
+  });
+}
+
+TEST_F(UserDataWindowTest, WorksByKeysAloneAndScrollsOnASmallScreen) {
+  workOnLamps([&] {
+    window_->resize(760, 400);
+    bench_.pump();
+    auto& pane = part<QScrollArea>("fields");
+    EXPECT_GT(pane.verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(pane.horizontalScrollBar()->maximum(), 0);
+    key(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(window_->focusWidget(), &part<QLineEdit>("Name"));
+    QTest::keyClicks(window_->focusWidget(), "Keys");
+    // The last field is reached by Tab and comes into sight.
+    QWidget& last = part<QComboBox>("Has RDC");
+    for (int i = 0; i < 20 && window_->focusWidget() != &last; ++i) {
+      QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+    }
+    ASSERT_EQ(window_->focusWidget(), &last);
+    EXPECT_TRUE(
+        pane.viewport()->rect().contains(last.mapTo(pane.viewport(), last.rect().center())));
+    key(Qt::Key_S, Qt::ControlModifier);  // refused: nothing is chosen there
+    EXPECT_EQ(lastMessage(),
+              "Field 'Compact Yes/No' Must have a value, Changes have not been saved");
+    for (const char* name : {"Compact Yes/No", "Has RDC"}) choose(name, 0);
+    key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(count(), "1 Record");
+    // Every command has a key of its own or is reached by Tab.
+    for (const char* name : {"first", "back", "chevron", "last", "new", "delete", "import",
+                             "export", "undo", "close"}) {
+      EXPECT_NE(part<QAbstractButton>(name).focusPolicy() & Qt::TabFocus, 0) << name;
+    }
+    auto& remove = part<QAbstractButton>("delete");
+    remove.setFocus();
+    session().messages().injectAnswers({kYes});
+    QTest::keyClick(&remove, Qt::Key_Space);
+    bench_.pump();
+    EXPECT_EQ(lastMessage(), "Are you sure you wish to delete this Record ?");
+    EXPECT_EQ(count(), "No Records");
   });
 }
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Drives the built desktop program under a virtual display with real key and mouse events: design
-# the default ballast, fix L in the advanced screen, calculate again, walk the history, and leave.
+# Drives the built desktop program under a virtual display with real key and mouse events: design the
+# default ballast, zoom into the start of its lamp, calculate again in the advanced screen, walk the
+# history, and leave.
 # Usage: desktop_path.sh FOLDER_OF_THE_PROGRAMS
 set -euo pipefail
 
@@ -62,6 +63,36 @@ xdotool key Return # Calculate has the keyboard at first
 window 'Bill Of Materials \([0-9]+ items\)'
 xdotool key Escape
 gone 'Bill Of Materials'
+window '^Vantrel'
+# The start of the lamp: a drag with the right button chooses a fifth of the graph, and the samples
+# of the view tell that it was zoomed into.
+xdotool key alt+w
+sleep 0.3
+xdotool key m
+window '^Time Domain'
+eval "$(xdotool getwindowfocus getwindowgeometry --shell | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
+row=$((Y + HEIGHT / 2))
+xdotool mousemove $((X + WIDTH * 4 / 10)) $row mousedown 3
+for step in $(seq 20); do
+  xdotool mousemove $((X + WIDTH * (40 + step) / 100)) $row
+done
+xdotool mouseup 3
+sleep 0.3
+xdotool key ctrl+plus
+sleep 0.3
+xdotool key alt+e
+sleep 0.3
+xdotool key e
+window 'Export Table'
+xdotool key Return
+window '^Vantrel$' # the file is written
+xdotool key Return
+span=$(awk -F, 'NR == 2 { from = $1 } { to = $1 } END { print int(to - from) }' \
+  "$work/Export/Time Domain Window.csv")
+[ "$span" -gt 1000 ] && [ "$span" -lt 5000 ] || fail "the view holds $span us"
+window '^Time Domain'
+xdotool key Escape
+gone 'Time Domain'
 window '^Vantrel'
 xdotool key ctrl+2
 window 'Operating Points & Tank Components'

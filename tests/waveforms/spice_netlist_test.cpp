@@ -7,6 +7,7 @@
 
 #include "core/number_text.h"
 #include "time_domain_fixture.h"
+#include "waveforms/time_domain_measure.h"
 
 namespace vantrel::test {
 namespace {
@@ -50,6 +51,26 @@ class SpiceNetlist : public TimeDomainFixture {
   }
 };
 
+/// Adds measurements of lamp voltage and inductor current over a stretch of the netlist's time, us.
+std::string with_measurements(std::string netlist, const std::string& name, double from,
+                              double to) {
+  const std::string span = " from=" + general_text(from) + "u to=" + general_text(to) + "u\n";
+  std::string lines;
+  for (const auto& [trace, vector] : {std::pair{"vr", "v(lamp)"}, std::pair{"il", "i(Lres)"}}) {
+    const std::string meas = "meas tran " + name + "_" + trace;
+    for (const auto& [end, what] :
+         {std::pair{"_rms", " RMS "}, std::pair{"_min", " MIN "}, std::pair{"_max", " MAX "}}) {
+      lines += meas + end + what + vector + span;
+    }
+    const std::string rise =
+        std::string(" ") + vector + " VAL=0 TD=" + general_text(from) + "u RISE=";
+    lines += meas + "_time TRIG" + rise + "1 TARG" + rise + "16\n";
+  }
+  const std::size_t end = netlist.find("if $?batchmode");
+  return netlist.insert(end, lines);
+}
+constexpr double kMeasuredPeriods = 15;  // from the first crossing to the 16th
+
 struct Tolerances {
   double preheat, run, ignition;
 };
@@ -72,7 +93,10 @@ TEST_F(SpiceNetlist, DefaultDesignAgreesWithTheSimulation) {
   const std::pair<std::vector<FrequencyPoint>, Tolerances> runs[] = {{{}, {0.10, 0.02, 0.08}},
                                                                      {own, {0.02, 0.015, 0.02}}};
   for (const auto& [course, tolerance] : runs) {
-    const std::string text = simulated(spice_netlist(m, course));
+    const double end = stages[2].EndTime - stages[1].StartTime + 2100;
+    std::string netlist = with_measurements(spice_netlist(m, course), "early", 1700, 2100);
+    netlist = with_measurements(std::move(netlist), "late", end - 400, end);
+    const std::string text = simulated(netlist);
     const auto agrees = [&](const char* name, double simulation, double relative) {
       const std::optional<double> got = measured(text, name);
       ASSERT_TRUE(got) << name << "\n" << text;
@@ -87,6 +111,23 @@ TEST_F(SpiceNetlist, DefaultDesignAgreesWithTheSimulation) {
     agrees("run_inductor_current", swing(&S::IL, late, 4000), tolerance.run);
     agrees("ignition_delay", (stages[2].StartTime - stages[1].StartTime) * 1e-6,
            tolerance.ignition);
+    for (const Trace trace : {Trace::VR, Trace::IL}) {
+      const auto compare = [&](const std::string& when, double from, double to, double relative) {
+        const Measurement here = measure(graph, from, to, trace);
+        const std::string name = when + (trace == Trace::VR ? "_vr" : "_il");
+        agrees((name + "_rms").c_str(), here.rms, relative);
+        agrees((name + "_max").c_str(), here.maximum, relative);
+        const std::optional<double> low = measured(text, name + "_min");
+        const std::optional<double> time = measured(text, name + "_time");
+        ASSERT_TRUE(low && time && here.frequency) << name << "\n" << text;
+        EXPECT_NEAR(*low, here.minimum, relative * here.maximum) << name;
+        const double khz = kMeasuredPeriods / *time / 1000;
+        EXPECT_NEAR(khz, *here.frequency, std::max(relative, course.empty() ? 0.022 : 0.0) * khz)
+            << name;
+      };
+      compare("early", 1700, 2100, tolerance.preheat);
+      compare("late", stages[2].EndTime - 400, stages[2].EndTime, tolerance.run);
+    }
   }
 }
 

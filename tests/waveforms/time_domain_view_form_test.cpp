@@ -151,7 +151,7 @@ TEST_F(TimeDomainForm, JumpsToTheStages) {
 }
 
 TEST_F(TimeDomainForm, TogglesSlidersAndOutputCircuitGoInStep) {
-  TimeDomainRCL circuit(form);
+  TimeDomainRCL circuit(context, form);
   form.onStates = [&] { circuit.SetStates(); };
   circuit.display();
   const std::array<Colour, 5> on{

@@ -13,7 +13,7 @@ namespace {
 
 using Kind = DrawingCall::Kind;
 
-constexpr Size kControl{1200, 740};
+constexpr Size kViewSize{1200, 740};
 
 class TimeDomainPicture : public TimeDomainFixture {
  protected:
@@ -22,7 +22,7 @@ class TimeDomainPicture : public TimeDomainFixture {
     cut = graph.GetDurationBetweenRepeatEndAndIgnition();
     request.TimeWindow = 13000;
   }
-  RecordingDeviceContext draw(Size size = kControl) {
+  RecordingDeviceContext draw(Size size = kViewSize) {
     RecordingDeviceContext surface(size);
     drawn = view.RenderTimeDomain(surface, request);
     return surface;

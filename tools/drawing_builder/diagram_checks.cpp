@@ -9,6 +9,8 @@ namespace {
 constexpr double kTouch = 0.05;  ///< Edges may touch and rounding may make them overlap.
 constexpr double kEdge = 2;      ///< Values may reach out of the drawing by this.
 constexpr std::string_view kUsualValue = "000 KOhm";
+constexpr double kMostRoom = 24;  ///< A value takes no more than this.
+constexpr double kRoomStep = 0.5;
 
 bool crosses(const Segment& segment, const Area& area) {
   const Area inside = area.grown(-kTouch);
@@ -123,6 +125,15 @@ Area value_area(const TextPlace& place, double room) {
   return area;
 }
 
+/// What the larger of two areas of the same height has at its ends.
+std::vector<Area> beyond(const Area& inner, const Area& outer) {
+  std::vector<Area> ends;
+  if (outer.left < inner.left) ends.push_back({outer.left, outer.top, inner.left, outer.bottom});
+  if (outer.right > inner.right)
+    ends.push_back({inner.right, outer.top, outer.right, outer.bottom});
+  return ends;
+}
+
 }  // namespace
 
 bool Obstacles::clear(const Area& area) const {
@@ -182,11 +193,12 @@ void check_bill(const Diagram& diagram, const std::set<std::string>& bill, const
   }
 }
 
-std::map<std::string, Spot> value_places(const Diagram& diagram,
-                                         const std::map<std::string, std::string>& long_values) {
-  std::map<std::string, Spot> places;
+std::map<std::string, ValuePlace> value_places(
+    const Diagram& diagram, const std::map<std::string, std::string>& long_values) {
+  std::map<std::string, ValuePlace> places;
   Obstacles taken = obstacles(diagram);
   const Area sheet = extent(diagram).grown(kEdge);
+  const auto is_free = [&](const Area& area) { return sheet.covers(area) && taken.clear(area); };
   for (const DrawnText& text : part_texts(diagram)) {
     if (text.part->piece) continue;
     const auto known = long_values.find(text.text);
@@ -194,10 +206,20 @@ std::map<std::string, Spot> value_places(const Diagram& diagram,
         text_length(known == long_values.end() ? kUsualValue : known->second, kValueSize);
     for (const TextPlace& candidate : value_candidates(text)) {
       const Area area = value_area(candidate, length);
-      if (!sheet.covers(area) || !taken.clear(area)) continue;
+      if (!is_free(area)) continue;
       taken.texts.push_back(area);
-      places.emplace(text.text, Spot{area.left, area.centre().y});
+      places[text.text] = {candidate, length};
       break;
+    }
+  }
+  for (auto& [reference, place] : places) {
+    while (place.room < kMostRoom) {
+      const double room = place.room + kRoomStep;
+      const std::vector<Area> more =
+          beyond(value_area(place.text, place.room), value_area(place.text, room));
+      if (!std::ranges::all_of(more, is_free)) break;
+      taken.texts.insert(taken.texts.end(), more.begin(), more.end());
+      place.room = room;
     }
   }
   return places;

@@ -34,10 +34,16 @@ void check_room(const Diagram& diagram, Problems& problems);
 void check_bill(const Diagram& diagram, const std::set<std::string>& bill, const Origin& origin,
                 Problems& problems);
 
-/// Left ends of the values of components, by designator, the middle of their height; those without
-/// room are left out. A value is taken to be as long as a number with its unit, or as long as
-/// `long_values` has it.
-std::map<std::string, Spot> value_places(const Diagram& diagram,
-                                         const std::map<std::string, std::string>& long_values);
+/// Where the value of a component stands, the middle of its height, and how long it may be.
+struct ValuePlace {
+  TextPlace text;
+  double room = 0;
+};
+
+/// Places of the values of components, by designator; those without room are left out. A value is
+/// taken to be as long as a number with its unit, or as long as `long_values` has it; the room that
+/// is left goes to it as well.
+std::map<std::string, ValuePlace> value_places(
+    const Diagram& diagram, const std::map<std::string, std::string>& long_values);
 
 }  // namespace vantrel::drawing

@@ -109,11 +109,15 @@ std::string layout_of(const Diagram& diagram, const Painter& painter,
     for (const int number : {corner.x, corner.y, end.x, end.y}) add(number);
     text += "\n";
   }
-  for (const auto& [reference, left_end] : value_places(diagram, long_values)) {
-    const MetafilePoint at = painter.convert(left_end);
+  for (const auto& [reference, place] : value_places(diagram, long_values)) {
+    const MetafilePoint at = painter.convert(place.text.at);
     text += "value " + reference;
-    for (const int number : {at.x, at.y, Painter::units(kValueSize)}) add(number);
-    text += "\n";
+    for (const int number : {at.x, at.y, Painter::units(kValueSize), Painter::units(place.room)}) {
+      add(number);
+    }
+    text += place.text.align == Align::Left    ? " left\n"
+            : place.text.align == Align::Right ? " right\n"
+                                               : " centre\n";
   }
   return text;
 }

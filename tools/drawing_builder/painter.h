@@ -17,7 +17,7 @@ struct Drawing {
 };
 
 /// Draws a diagram inside a frame, with a title in its lower edge. The layout has the box of each
-/// component's symbol and, where there is room, the left end and the size of its value.
+/// component's symbol and, where there is room, place, size and room of its value.
 /// `long_values` are the values that are known to be longer than usual, by designator.
 Drawing paint_diagram(const Diagram& diagram, const NetList& nets, const std::string& title,
                       const std::map<std::string, std::string>& long_values);

@@ -1,0 +1,46 @@
+#include "platform/pdf_document.h"
+
+#include <QHashSeed>
+#include <QString>
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+/// Blanks between the entries of a dictionary are of no meaning, and the offsets in the file stay
+/// as they are.
+void blank_creation_date(QByteArray& pdf) {
+  const qsizetype begin = pdf.indexOf("/CreationDate (");
+  if (begin < 0) return;
+  const qsizetype end = pdf.indexOf(')', begin);
+  if (end > begin) std::fill(pdf.begin() + begin, pdf.begin() + end + 1, ' ');
+}
+
+/// The buffer must be open before a writer takes it.
+QBuffer* opened(QBuffer& buffer) {
+  buffer.open(QIODevice::WriteOnly);
+  return &buffer;
+}
+
+}  // namespace
+
+FixedHashes::FixedHashes() { QHashSeed::setDeterministicGlobalSeed(); }
+FixedHashes::~FixedHashes() { QHashSeed::resetRandomGlobalSeed(); }
+
+PdfDocument::PdfDocument(const std::string& title, const QPageLayout& layout)
+    : buffer_(&bytes_), writer_(opened(buffer_)) {
+  writer_.setTitle(QString::fromStdString(title));
+  writer_.setCreator(QStringLiteral("Vantrel"));
+  writer_.setResolution(kResolution);
+  writer_.setPageLayout(layout);
+}
+
+QByteArray PdfDocument::take() {
+  buffer_.close();
+  blank_creation_date(bytes_);
+  return std::exchange(bytes_, {});
+}
+
+}  // namespace vantrel
