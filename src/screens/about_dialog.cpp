@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "screens/page_parts.h"
 #include "screens/theme_style.h"
 #include "screens/view_connection.h"
 
@@ -45,9 +46,7 @@ AboutDialog::AboutDialog(About& about, Appearance& look, QWidget* parent)
                           fontMetrics().height());
   check_->setObjectName("CmdCheckUpdate");
   ThemeStyle::setMainAction(*check_);
-  auto* close = new QPushButton("Close", this);
-  close->setObjectName("close");
-  close->setAutoDefault(false);
+  QPushButton* close = plain_button("Close", "close", this);
 
   auto* texts = new QVBoxLayout;
   texts->setSpacing(4);
@@ -82,6 +81,8 @@ AboutDialog::AboutDialog(About& about, Appearance& look, QWidget* parent)
   about_.onUnloaded = [this] { hide(); };
   connect_view(look.changed, this, [this] { refresh(); });
   refresh();
+  // Room beside the caption, and the same button under "Checking ...".
+  check_->setMinimumWidth(check_->sizeHint().width() + kCaptionRoom);
 }
 
 AboutDialog::~AboutDialog() {

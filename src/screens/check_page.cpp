@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "core/file_writer.h"
+#include "screens/page_parts.h"
 #include "screens/theme_style.h"
 
 namespace vantrel {
@@ -22,7 +23,6 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kGap = 8;
-constexpr int kRowPadding = 8;
 constexpr std::string_view kSaveTitle = "Save Report";
 constexpr std::string_view kSaveFilter = "Text files (*.txt)|*.txt";
 constexpr std::string_view kSaveName = "Database Checks.txt";
@@ -31,20 +31,6 @@ QLabel* headed(const QString& text, QWidget& body, QWidget* parent) {
   auto* label = new QLabel(text, parent);
   label->setBuddy(&body);
   return label;
-}
-
-QPushButton* plain_button(const QString& text, const char* name, QWidget* parent) {
-  auto* button = new QPushButton(text, parent);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  return button;
-}
-
-void add_row(QListWidget& list, std::string_view text) {
-  auto* row = new QListWidgetItem(to_qstring(text), &list);
-  const QFontMetrics metrics = list.fontMetrics();
-  row->setSizeHint(
-      {metrics.horizontalAdvance(row->text()) + kRowPadding, metrics.height() + kRowPadding});
 }
 
 }  // namespace
@@ -81,7 +67,7 @@ QWidget* CheckPage::makeChoices() {
   box->setSpacing(kGap / 2);
   tests_->setObjectName("DebugUtils.tests");
   tests_->setAccessibleName("Tests");
-  for (const std::string& test : DebugUtils::Tests()) add_row(*tests_, test);
+  for (const std::string& test : DebugUtils::Tests()) add_row(*tests_, to_qstring(test));
   tests_->setMinimumWidth(tests_->sizeHintForColumn(0) + 2 * tests_->frameWidth() + kGap);
   tests_->setFixedHeight(tests_->count() * (fontMetrics().height() + kRowPadding) +
                          2 * tests_->frameWidth() + kRowPadding);
@@ -159,7 +145,8 @@ void CheckPage::refresh() {
   const QString name = chosen < 0 ? QString() : components_->currentItem()->text();
   checks_.load();
   components_->clear();
-  for (const std::string& component : checks_.Components()) add_row(*components_, component);
+  for (const std::string& component : checks_.Components())
+    add_row(*components_, to_qstring(component));
   const auto same = components_->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
   components_->setCurrentItem(same.isEmpty() ? components_->item(0) : same.front());
 }

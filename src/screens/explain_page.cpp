@@ -9,6 +9,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "screens/page_parts.h"
+
 namespace vantrel {
 
 namespace {
@@ -20,10 +22,11 @@ constexpr const char* kNoCalculation =
     "Nothing to explain yet: find the components first, then pick one here";
 constexpr const char* kPick = "Pick a component to see how it came by its value";
 
-QTreeWidgetItem* make_item(const ExplainNode& node) {
+QTreeWidgetItem* make_item(const ExplainNode& node, int row_height) {
   auto* item = new QTreeWidgetItem({to_qstring(node.label), to_qstring(node.text)});
   item->setToolTip(1, to_qstring(node.text));
-  for (const ExplainNode& child : node.children) item->addChild(make_item(child));
+  item->setSizeHint(1, QSize(0, row_height));  // the width of the last column is what is left
+  for (const ExplainNode& child : node.children) item->addChild(make_item(child, row_height));
   return item;
 }
 
@@ -92,7 +95,7 @@ void ExplainPage::refresh() {
     const QSignalBlocker quiet(names_);
     names_->clear();
     for (const std::string& each : bench_.session.explain().names()) {
-      names_->addItem(to_qstring(each));
+      add_row(*names_, to_qstring(each));
     }
     const auto same = names_->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
     names_->setCurrentItem(same.isEmpty() ? nullptr : same.front());
@@ -118,7 +121,7 @@ void ExplainPage::explain() {
   if (chosen == nullptr) return;
   const auto root = bench_.session.explain().tree(chosen->text().toStdString());
   if (!root) return;
-  QTreeWidgetItem* item = make_item(*root);
+  QTreeWidgetItem* item = make_item(*root, tree_->fontMetrics().height() + kRowPadding);
   tree_->addTopLevelItem(item);
   item->setExpanded(true);
   for (int i = 0; i < item->childCount(); ++i) {

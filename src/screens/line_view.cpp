@@ -43,6 +43,7 @@ LineView::LineView(Appearance& look, QWidget* parent)
   connect(this, &QPlainTextEdit::blockCountChanged, this, [this] { settleMargin(); });
   connect(this, &QPlainTextEdit::updateRequest, margin_, [this] { margin_->update(); });
   connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { markLine(); });
+  connect(this, &QPlainTextEdit::textChanged, this, [this] { markLine(); });
   connect_view(look.changed, this, [this] { markLine(); });
   settleMargin();
 }
@@ -78,6 +79,10 @@ void LineView::resizeEvent(QResizeEvent* event) {
 }
 
 void LineView::markLine() {
+  if (document()->isEmpty()) {
+    setExtraSelections({});  // a mark would lie over the placeholder text
+    return;
+  }
   QTextEdit::ExtraSelection current;
   current.format.setBackground(look_.colour(Role::Locked));
   current.format.setProperty(QTextFormat::FullWidthSelection, true);

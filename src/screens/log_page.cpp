@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "screens/line_view.h"
+#include "screens/page_parts.h"
 
 namespace vantrel {
 
@@ -21,13 +22,6 @@ constexpr const char* kOpenTitle = "View Text File";
 constexpr const char* kOpenFilter = "Text files (*.txt;*.log)|*.txt;*.log|All files (*.*)|*.*";
 constexpr const char* kNothingKept =
     "Lines are kept while \"Show Calculation Debug Output\" is ticked in the options";
-
-QPushButton* plain_button(const QString& text, const char* name, QWidget* parent) {
-  auto* button = new QPushButton(text, parent);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  return button;
-}
 
 }  // namespace
 

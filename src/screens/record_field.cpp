@@ -8,12 +8,16 @@
 #include <QValidator>
 #include <algorithm>
 
+#include "screens/c_tooltip.h"
+
 namespace vantrel {
 
 namespace {
 
 constexpr int kRefusalTime = 400;  // ms
 constexpr qreal kCorner = 3;
+/// Longer than any text that an import takes: a line that cut it would save it cut.
+constexpr int kLongestText = 1 << 24;
 
 /// Lets no refused character come to those that the record holds already.
 class CharacterFilter : public QValidator {
@@ -39,19 +43,25 @@ class CharacterFilter : public QValidator {
 
 }  // namespace
 
-RecordLine::RecordLine(SQLTableEdit& edit, std::size_t field, const Appearance& look,
-                       QWidget* parent)
-    : QLineEdit(parent), look_(look), refusal_(new QTimer(this)) {
+RecordLine::RecordLine(SQLTableEdit& edit, std::size_t field, Appearance& look, QWidget* parent)
+    : QLineEdit(parent), look_(look), rule_(new CTooltip(look, this)), refusal_(new QTimer(this)) {
+  setMaxLength(kLongestText);
+  rule_->Icon = TooltipIcon::Warning;
+  rule_->TipText = to_qstring(typing_rule(edit.Fields()[field].Flags));
+  rule_->Create(*this);
   setValidator(new CharacterFilter(edit, field, this));
   refusal_->setSingleShot(true);
   refusal_->setInterval(kRefusalTime);
   connect(refusal_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
-  connect(this, &QLineEdit::inputRejected, this, [this] {
-    refusal_->start();
-    update();
-  });
+  connect(this, &QLineEdit::inputRejected, this, &RecordLine::refuse);
   connect(this, &QLineEdit::textEdited, this,
           [&edit, field](const QString& text) { edit.TypeField(field, text.toStdString()); });
+}
+
+void RecordLine::refuse() {
+  refusal_->start();
+  rule_->showAt(mapToGlobal(cursorRect().center()));
+  update();
 }
 
 bool RecordLine::isRefusing() const { return refusal_->isActive(); }
@@ -65,8 +75,8 @@ void RecordLine::paintEvent(QPaintEvent* event) {
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kCorner, kCorner);
 }
 
-RecordField::RecordField(SQLTableEdit& edit, std::size_t field, const Appearance& look,
-                         QGridLayout& grid, QWidget* parent)
+RecordField::RecordField(SQLTableEdit& edit, std::size_t field, Appearance& look, QGridLayout& grid,
+                         QWidget* parent)
     : QObject(parent), edit_(edit), field_(field) {
   const FieldDefinition& definition = edit.Fields()[field];
   if (definition.FieldType == kFieldPulldown) {

@@ -12,14 +12,16 @@ class QTimer;
 
 namespace vantrel {
 
+class CTooltip;
+
 /// A line for one field of a record. A character that the field refuses shows an error edge for a
-/// short while and does nothing else.
+/// short while and a tip that says what the field takes, and does nothing else.
 class RecordLine : public QLineEdit {
   Q_OBJECT
 
  public:
   /// `edit` and `look` must outlive the line.
-  RecordLine(SQLTableEdit& edit, std::size_t field, const Appearance& look, QWidget* parent);
+  RecordLine(SQLTableEdit& edit, std::size_t field, Appearance& look, QWidget* parent);
 
   /// The error edge is on show.
   bool isRefusing() const;
@@ -28,7 +30,10 @@ class RecordLine : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void refuse();
+
   const Appearance& look_;
+  CTooltip* rule_;
   QTimer* refusal_;
 };
 
@@ -39,7 +44,7 @@ class RecordField : public QObject {
  public:
   /// Fills the row of the field's number; everything handed in must outlive the object, which
   /// `parent` owns together with the widgets.
-  RecordField(SQLTableEdit& edit, std::size_t field, const Appearance& look, QGridLayout& grid,
+  RecordField(SQLTableEdit& edit, std::size_t field, Appearance& look, QGridLayout& grid,
               QWidget* parent);
 
   /// Shows what the record holds.

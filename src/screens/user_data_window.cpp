@@ -15,6 +15,7 @@
 #include "screens/c_tooltip.h"
 #include "screens/designer_pane.h"
 #include "screens/frame_panel.h"
+#include "screens/page_parts.h"
 #include "screens/theme_style.h"
 #include "screens/x_button.h"
 
@@ -25,7 +26,6 @@ namespace {
 constexpr QSize kSize(760, 640);
 constexpr int kMargin = 12;
 constexpr int kGap = 8;
-constexpr int kRowPadding = 8;
 
 QHBoxLayout* row_of(QWidget& row) {
   auto* box = new QHBoxLayout(&row);
@@ -163,9 +163,7 @@ QWidget* UserDataWindow::makeCommands() {
 
 QPushButton* UserDataWindow::addCommand(QWidget& row, const char* name, const char* caption,
                                         Action action) {
-  auto* button = new QPushButton(caption, &row);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
+  QPushButton* button = plain_button(caption, name, &row);
   row.layout()->addWidget(button);
   if (action != nullptr) {
     connect(button, &QPushButton::clicked, this, action, Qt::QueuedConnection);

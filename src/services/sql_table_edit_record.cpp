@@ -29,7 +29,7 @@ void SQLTableEdit::SetFieldValue(std::string_view column, const Variant& value) 
 Variant SQLTableEdit::GetFieldValue(std::string_view column) const {
   if (const int field = fieldOf(column); field >= 0) {
     const auto position = static_cast<std::size_t>(field);
-    return field_value(fields_[position], texts_[position]);
+    return field_value(fields_[position], canonical_text(fields_[position], texts_[position]));
   }
   if (const auto hidden = hidden_.find(lower(column)); hidden != hidden_.end()) {
     return hidden->second;

@@ -16,6 +16,12 @@ std::string joined(const std::vector<std::string>& columns, const char* behind_e
   return result;
 }
 
+/// Statement that gives the columns of one row new values; without columns it only finds the row.
+std::string update_statement(const std::string& table, const std::vector<std::string>& columns) {
+  return "update " + table + " set " +
+         (columns.empty() ? "rowid = rowid" : joined(columns, " = ?")) + " where rowid = ?";
+}
+
 std::string marks(std::size_t count) {
   std::string result;
   for (std::size_t i = 0; i < count; ++i) result += i == 0 ? "?" : ", ?";
@@ -48,11 +54,13 @@ bool SQLTableEdit::changeOneRow(const std::string& statement,
 bool SQLTableEdit::fail(const std::string& what, const Variant& row_id) {
   std::string reason = database_.last_error();
   RecordSet row;
+  // A table that cannot be read just now says nothing of the record.
+  const bool looked_up =
+      row_id.is_numeric() &&
+      database_.read("select rowid from " + table_.table + " where rowid = ?", {row_id}, row, true);
   if (!database_.is_writable()) {
     reason = "the database cannot be written";
-  } else if (row_id.is_numeric() &&
-             !database_.read("select rowid from " + table_.table + " where rowid = ?", {row_id},
-                             row)) {
+  } else if (looked_up && row.atEnd()) {
     reason = "it is not in the table any more";
   }
   say(what + " (" + reason + ")");
@@ -103,14 +111,18 @@ bool SQLTableEdit::update(const std::vector<Assignment>& values, Change& change)
   for (const Assignment& assignment : values) {
     const int column = columnOf(assignment.column);
     if (column < 0) continue;
+    const Variant& before = row[static_cast<std::size_t>(column)];
+    // A field that nobody has touched may have been changed by another program since.
+    if (const int field = fieldOf(assignment.column); field >= 0) {
+      const auto position = static_cast<std::size_t>(field);
+      if (texts_[position] == field_text(fields_[position], before)) continue;
+    }
     change.columns.push_back(assignment.column);
-    change.before.push_back(row[static_cast<std::size_t>(column)]);
+    change.before.push_back(before);
     parameters.push_back(assignment.value);
   }
   parameters.push_back(change.row_id);
-  return changeOneRow(
-      "update " + table_.table + " set " + joined(change.columns, " = ?") + " where rowid = ?",
-      parameters);
+  return changeOneRow(update_statement(table_.table, change.columns), parameters);
 }
 
 bool SQLTableEdit::CommandDelete() {
@@ -168,9 +180,7 @@ bool SQLTableEdit::undo() {
     case ChangeKind::Inserted:
       return changeOneRow("delete from " + table_.table + " where rowid = ?", parameters);
     case ChangeKind::Updated:
-      return changeOneRow("update " + table_.table + " set " +
-                              joined(last_change_.columns, " = ?") + " where rowid = ?",
-                          parameters);
+      return changeOneRow(update_statement(table_.table, last_change_.columns), parameters);
     case ChangeKind::Deleted:
       return changeOneRow("insert into " + table_.table + " (" + joined(last_change_.columns, "") +
                               ", rowid) values (" + marks(parameters.size()) + ")",

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "core/number_text.h"
 #include "core/text_parsing.h"
@@ -21,6 +22,14 @@ constexpr CharacterRange kRanges[] = {
     {kFieldText, 'a', 'z'},      {kFieldText, 'A', 'Z'},        {kFieldDigits, '0', '9'},
     {kFieldDigits, '.', '.'},    {kFieldSpace, ' ', ' '},       {kFieldPunctuation, 33, 47},
     {kFieldPunctuation, 58, 63}, {kFieldPunctuation, 163, 163},
+};
+
+/// The same in words.
+constexpr std::pair<std::int32_t, const char*> kTypedWords[] = {
+    {kFieldText, "letters a to z"},
+    {kFieldDigits, "digits and \".\""},
+    {kFieldSpace, "blanks"},
+    {kFieldPunctuation, "the signs ! \" # $ % & ' ( ) * + , - . / : ; < = > ? \xC2\xA3"},
 };
 
 constexpr std::string_view kFalseWords[] = {"no", "n", "f", "false"};
@@ -86,6 +95,14 @@ bool IsCharValid(char32_t character, std::int32_t flags) {
   return std::ranges::any_of(kRanges, [&](const CharacterRange& range) {
     return (flags & range.bit) != 0 && IsInChar(character, range.low, range.high);
   });
+}
+
+std::string typing_rule(std::int32_t flags) {
+  std::string rule;
+  for (const auto& [bit, words] : kTypedWords) {
+    if ((flags & bit) != 0) rule += (rule.empty() ? "" : ", ") + std::string(words);
+  }
+  return rule.empty() ? "Nothing can be typed here" : "Can be typed here: " + rule;
 }
 
 std::string MakeUSDate(std::string_view date) {

@@ -50,6 +50,8 @@ struct FieldDefinition {
 bool IsInChar(char32_t character, char32_t low, char32_t high);
 /// Whether a field with these `flags` takes a typed character; one of code 32 or below always.
 bool IsCharValid(char32_t character, std::int32_t flags);
+/// What may be typed into a field with these `flags`, in words for the user.
+std::string typing_rule(std::int32_t flags);
 
 /// "#month/day/year#" for a date as it is shown, "dd/mm/yyyy"; empty when there is no such day.
 std::string MakeUSDate(std::string_view date);

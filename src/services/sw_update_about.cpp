@@ -23,7 +23,9 @@ bool is_web_address(std::string_view address) {
   const std::size_t scheme = address.find("://");
   if (!clean || scheme == std::string_view::npos) return false;
   const std::string name = lower(address.substr(0, scheme));
-  return (name == "http" || name == "https") && address.size() > scheme + 3;
+  const std::string_view host = address.substr(scheme + 3);
+  return (name == "http" || name == "https") && !host.empty() &&
+         std::string_view("/?#:@").find(host.front()) == std::string_view::npos;
 }
 
 About::About(const AboutPorts& ports, std::unique_ptr<TcpClient> client,
@@ -37,7 +39,7 @@ About::About(const AboutPorts& ports, std::unique_ptr<TcpClient> client,
 SWUpdateEvents About::events() {
   return {.UpdateError =
               [this](const std::string& text, int) {
-                if (!quiet_) say("Update check error : " + text);
+                if (!quiet_) error("Update check error : " + text);
               },
           .UpdateTag = [this](const std::string& tag,
                               const std::string& value) { updateTag(tag, value); },
@@ -47,6 +49,7 @@ SWUpdateEvents About::events() {
 
 void About::load() {
   loaded_ = true;
+  late_error_.clear();
   status_.clear();
   button(true, kButtonCaption);
 }
@@ -118,6 +121,18 @@ void About::show(const std::string& status) {
   if (onChanged) onChanged();
 }
 
-int About::say(const std::string& text, int type) { return ports_.messages.msg(kName, text, type); }
+/// The timer goes on behind an open message; an error of it waits until that has been answered, and
+/// is of no use once the form has gone.
+void About::error(const std::string& text) {
+  late_error_ = text;
+  while (!waiting_ && loaded_ && !late_error_.empty()) say(std::exchange(late_error_, {}));
+}
+
+int About::say(const std::string& text, int type) {
+  waiting_ = true;
+  const int answer = ports_.messages.msg(kName, text, type);
+  waiting_ = false;
+  return answer;
+}
 
 }  // namespace vantrel

@@ -70,6 +70,7 @@ class About {
   void open(const std::string& address);
   void button(bool enabled, const char* caption);
   void show(const std::string& status);
+  void error(const std::string& text);
   int say(const std::string& text, int type = kMessageOk);
 
   AboutPorts ports_;
@@ -81,6 +82,10 @@ class About {
   bool button_enabled_ = true;
   bool loaded_ = false;
   bool quiet_ = false;
+  /// A message of the form waits for its answer.
+  bool waiting_ = false;
+  /// The error that came up meanwhile, empty for none.
+  std::string late_error_;
   std::string latest_version_;
   std::string latest_url_;
 };

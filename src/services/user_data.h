@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,7 +68,7 @@ class EditUserData {
   void tellChanged(std::int32_t edited);
   std::int32_t presentId() const;
   std::vector<std::string> titles() const;
-  std::vector<std::vector<std::string>> storedTexts();
+  std::optional<std::vector<std::vector<std::string>>> storedTexts();
   bool insertRows(const std::vector<std::vector<std::string>>& rows);
   bool say(const std::string& text, bool result);
 

@@ -92,12 +92,15 @@ std::vector<std::string> EditUserData::titles() const {
   return titles;
 }
 
-/// What the fields show of every stored row of the user.
-std::vector<Texts> EditUserData::storedTexts() {
+/// What the fields show of every stored row of the user; nothing when they cannot be read.
+std::optional<std::vector<Texts>> EditUserData::storedTexts() {
   std::vector<Texts> rows;
   RecordSet set;
-  database_.read("select * from " + SQLTableEdit1.Table() + " where UserData = Yes order by rowid",
-                 set, true);
+  if (!database_.read(
+          "select * from " + SQLTableEdit1.Table() + " where UserData = Yes order by rowid", set,
+          true)) {
+    return std::nullopt;
+  }
   for (; adoaccess_class::RSOK(set); set.MoveNext()) {
     Texts& texts = rows.emplace_back();
     for (const FieldDefinition& field : SQLTableEdit1.Fields()) {
@@ -116,11 +119,14 @@ bool EditUserData::ExportRows() {
 }
 
 bool EditUserData::ExportRowsTo(const std::filesystem::path& file) {
+  const auto refuse = [&](const std::string& reason) {
+    return say("Could not export to '" + file.string() + "' (" + reason + ")", false);
+  };
+  const auto rows = storedTexts();
+  if (!rows) return refuse(database_.last_error());
   std::string text = table_row_text(titles(), TableFileType::Csv);
-  for (const Texts& row : storedTexts()) text += table_row_text(row, TableFileType::Csv);
-  if (const auto reason = write_file(file, text)) {
-    return say("Could not export to '" + file.string() + "' (" + *reason + ")", false);
-  }
+  for (const Texts& row : *rows) text += table_row_text(row, TableFileType::Csv);
+  if (const auto reason = write_file(file, text)) return refuse(*reason);
   return true;
 }
 
@@ -142,8 +148,9 @@ bool EditUserData::ImportRowsFrom(const std::filesystem::path& file) {
   ImportedTable table(SQLTableEdit1);
   if (const std::string reason = table.read(text); !reason.empty()) return refuse(reason);
 
-  const std::vector<Texts> stored = storedTexts();
-  std::set<Texts> known(stored.begin(), stored.end());
+  const auto stored = storedTexts();
+  if (!stored) return refuse(database_.last_error());
+  std::set<Texts> known(stored->begin(), stored->end());
   std::vector<Texts> added;
   for (const Texts& row : table.rows()) {
     if (known.insert(row).second) added.push_back(row);
@@ -151,8 +158,9 @@ bool EditUserData::ImportRowsFrom(const std::filesystem::path& file) {
   if (!added.empty() && !insertRows(added)) return refuse(database_.last_error());
   SQLTableEdit1.ReQuery();
   if (!added.empty()) tellChanged(-1);
-  return say(count_text(added.size()) + " rows imported, " +
-                 count_text(table.rows().size() - added.size()) + " were there already",
+  const std::size_t there = table.rows().size() - added.size();
+  return say(count_text(added.size()) + (added.size() == 1 ? " row" : " rows") + " imported, " +
+                 count_text(there) + (there == 1 ? " was" : " were") + " there already",
              true);
 }
 

@@ -176,6 +176,8 @@ TEST_F(UpdatePage, IsReadAsItArrives) {
       {"split tag", {whole.substr(0, inside_tag), whole.substr(inside_tag)}, kYes, {}, {}, true},
       {"no tags", {kHead + "<html></html>\r\n"}, kYes, {}, {}, true},
       {"closing early", {}, kYes, {}, {}, true},
+      {"a version alone", {kHead + "(vtl-version)2()\n"}, kYes, {}, {}, true},
+      {"an address alone", {kHead + "(vtl-url)http://h/()\n"}, kYes, {}, {}, true},
       {"a file",
        {page("2", "file:///etc/passwd")},
        kYes,
@@ -225,7 +227,7 @@ TEST_F(UpdatePage, ThatStaysAwayIsCutOffAfterTenTicks) {
   QObject::connect(endless, &QTcpSocket::bytesWritten, endless, feed);
   feed();
   EXPECT_TRUE(wait([&] { return client->arrivals > 100; }));
-  timer->fire(10);
+  EXPECT_EQ(timer->fire(11), 10);
   EXPECT_EQ(takeTexts(), timed_out);
   EXPECT_TRUE(wait([&] { return endless->state() == QAbstractSocket::UnconnectedState; }));
 }
@@ -246,11 +248,31 @@ TEST_F(UpdatePage, WithALineOfAHundredMegabytesTakesNoMemory) {
   EXPECT_EQ(takeTexts(), Texts{});
 }
 
-TEST_F(UpdatePage, OfARefusingHostIsReported) {
+TEST_F(UpdatePage, TheTimeOutOpensNoMessageOverAnother) {
+  int open = 0;
+  int most_open = 0;
+  dialog.whileOpen = [&](const Message&) {
+    most_open = std::max(most_open, ++open);
+    timer->fire(10);
+    --open;
+  };
+  // The form goes after the question, and the error with it.
+  serve({page("2.0.0", "http://h/")});
+  EXPECT_EQ(takeTexts(), Texts{offer("2.0.0")});
+
+  about.load();
   server.close();
   about.StartAboutUpdateCheck();
   EXPECT_TRUE(waitForEnd());
-  EXPECT_EQ(takeTexts(), Texts{"Update check error : Upgrade Check Failed (Connection refused)"});
+  const Texts refused_and_late = {"Update check error : Upgrade Check Failed (Connection refused)",
+                                  "Update check error : Connection timed out"};
+  EXPECT_EQ(takeTexts(), refused_and_late);
+  EXPECT_EQ(most_open, 1);
+
+  about.CheckForUpdate(true);
+  EXPECT_TRUE(wait([this] { return about.status() == "Finished Upgrade Check"; }));
+  timer->fire(10);
+  EXPECT_EQ(takeTexts(), Texts{});
 }
 
 }  // namespace

@@ -206,6 +206,9 @@ TEST_F(UserDataWindowTest, RefusesCharactersAndAMissingValue) {
     QTest::keyClick(&name, Qt::Key_BracketLeft);
     EXPECT_EQ(name.text(), "L");
     EXPECT_TRUE(part<RecordLine>("Name").isRefusing());
+    EXPECT_TRUE(std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* top) {
+      return top->objectName() == "tooltip" && top->isVisible();
+    }));
     QTest::qWait(600);
     EXPECT_FALSE(part<RecordLine>("Name").isRefusing());
     QTest::keyClick(&name, Qt::Key_Backspace);

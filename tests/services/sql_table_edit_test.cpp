@@ -1,6 +1,7 @@
 #include "services/sql_table_edit.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <set>
 #include <string>
@@ -45,6 +46,17 @@ TEST(EditDates, TakeTheFormOfTheDatabase) {
   }
   EXPECT_EQ(date_caption(1, 2, 2003), "01/02/2003");
   EXPECT_EQ(date_caption("2003-02-01"), "01/02/2003");
+}
+
+TEST(EditBooleans, AreTrueUnlessAWordSaysNo) {
+  FieldDefinition field;
+  field.Flags = kFieldBoolean;
+  for (const char* no : {"no", "N", "F", "False"}) {
+    EXPECT_EQ(field_value(field, no), Variant(false)) << no;
+  }
+  for (const char* yes : {"", "yes", "0", "nope"}) {
+    EXPECT_EQ(field_value(field, yes), Variant(true)) << yes;
+  }
 }
 
 TEST(EditTables, AreSplitFromTheirCondition) {
@@ -248,6 +260,13 @@ TEST_F(TableEdit, DeletesAndTakesChangesBack) {
   EXPECT_TRUE(edit.UndoLastChange());
   EXPECT_EQ(stored(), before);
   EXPECT_EQ(deletes, 2);
+
+  database.execute("insert into [Part] (Name, Kind, Mine) values ('c', 'X', 1)");
+  EXPECT_TRUE(edit.ReQuery());
+  EXPECT_TRUE(edit.Select(1));
+  messages.injectAnswers({kYes});
+  EXPECT_TRUE(edit.CommandDelete());
+  EXPECT_EQ(edit.FieldText(kName), "c");  // the one that has moved up, not the first
 }
 
 TEST_F(TableEdit, TellsWhenARecordIsGone) {
@@ -256,6 +275,33 @@ TEST_F(TableEdit, TellsWhenARecordIsGone) {
   EXPECT_FALSE(edit.CommandSave());
   EXPECT_EQ(take(), Texts{"The record could not be saved (it is not in the table any more)"});
   EXPECT_TRUE(edit.RecordSetHasChanged());
+}
+
+TEST_F(TableEdit, KeepsWhatAnotherProgramHasChangedMeanwhile) {
+  const char* row = "select Name, Size, Kind, Made from [Part] where rowid = 2";
+  database.execute("update [Part] set Kind = 'X' where rowid = 2");
+  edit.TypeField(kSize, "7");
+  EXPECT_TRUE(edit.CommandSave());
+  EXPECT_EQ(rows(row), "a|7|X|-|\n");
+  database.execute("update [Part] set Made = '2001-02-03' where rowid = 2");
+  EXPECT_TRUE(edit.UndoLastChange());
+  EXPECT_EQ(rows(row), "a|1.5|X|2001-02-03|\n");
+  EXPECT_TRUE(edit.CommandSave());  // nothing to store is no failure
+}
+
+TEST_F(TableEdit, LosesNothingWhileAnotherProgramHoldsTheDatabase) {
+  for (const char* lock : {"begin immediate", "begin exclusive"}) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, lock, nullptr, nullptr, nullptr), SQLITE_OK);
+    edit.TypeField(kSize, lock == std::string_view("begin immediate") ? "7" : "8");
+    EXPECT_FALSE(edit.CommandSave());
+    EXPECT_EQ(take(), Texts{"The record could not be saved (database is locked)"}) << lock;
+    EXPECT_TRUE(edit.RecordSetHasChanged());
+    sqlite3_close(other);
+    EXPECT_TRUE(edit.CommandSave());
+  }
+  EXPECT_EQ(rows("select Size from [Part] where rowid = 2"), "8|\n");
 }
 
 TEST_F(TableEdit, KeepsEveryTextAsItIs) {

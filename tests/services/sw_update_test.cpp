@@ -178,9 +178,9 @@ TEST(About, TakesOnlyWebAddresses) {
   for (const char* address : {"http://h/x", "HTTPS://h", "https://h/a?b=c#d"}) {
     EXPECT_TRUE(is_web_address(address)) << address;
   }
-  for (const char* address :
-       {"", "http", "http://", "file:///etc/passwd", "javascript:alert(1)", "C:\\run.exe",
-        "/bin/sh", "http://h/\nx", "http://h/ x", " http://h", "ftp://h", "xhttp://h"}) {
+  for (const char* address : {"", "http", "http://", "http:///x", "http://?x", "file:///etc/passwd",
+                              "javascript:alert(1)", "C:\\run.exe", "/bin/sh", "http://h/\nx",
+                              "http://h/ x", " http://h", "ftp://h", "xhttp://h"}) {
     EXPECT_FALSE(is_web_address(address)) << address;
   }
 }

@@ -1,6 +1,7 @@
 #include "services/user_data.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <string>
 #include <vector>
@@ -75,7 +76,11 @@ TEST_F(UserData, CoresAreAddedAndDeleted) {
   EXPECT_EQ(edit.FrameCaption(), "Select User Core Details");
   ASSERT_TRUE(edit.CommandNew());
   const char* const texts[] = {"My core", "50", "40,5", "1.2", "70", "0.8", "8"};
-  for (std::size_t i = 0; i < 7; ++i) edit.TypeField(i, texts[i]);
+  for (std::size_t i = 0; i < 7; ++i) {
+    EXPECT_FALSE(edit.CommandSave());
+    EXPECT_EQ(edit.RefusedField(), static_cast<int>(i));
+    edit.TypeField(i, texts[i]);
+  }
   ASSERT_TRUE(edit.CommandSave());
   EXPECT_EQ(value("select [Ae Value] from [INDUCTOR:Core Types] where UserData = Yes"),
             Variant(40.5));
@@ -145,6 +150,17 @@ TEST_F(UserData, TravelsAsCsv) {
   EXPECT_EQ(user.SQLTableEdit1.RecordCount(), 2U);
   EXPECT_EQ(take(), (Texts{"0 rows imported, 2 were there already",
                            "2 rows imported, 0 were there already"}));
+
+  // What another program keeps from being read is neither exported as nothing nor imported twice.
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
+  EXPECT_FALSE(user.ExportRowsTo(exchange));
+  EXPECT_FALSE(user.ImportRowsFrom(exchange));
+  sqlite3_close(other);
+  const std::string reason = "'" + exchange.string() + "' (database is locked)";
+  EXPECT_EQ(take(), (Texts{"Could not export to " + reason, "Could not import " + reason}));
+  EXPECT_EQ(lamps(), before);
 }
 
 TEST_F(UserData, ImportTakesAllRowsOrNone) {
