@@ -11,7 +11,7 @@ command -v clang++ >/dev/null || { echo "clang++ is not installed"; exit 77; }
 # The folders below src whose sources a target needs, without their subfolders; or the start of the
 # names of some sources of a folder.
 declare -A sources=(
-  [metafile]="services/messages core outputs/metafile outputs/validate_schematic_texts"
+  [metafile]="services/messages core outputs/metafile outputs/bitmap outputs/validate_schematic_texts"
   [project_reader]="services/messages core services/project services/file_reader"
   [script_host]="services/messages core components/script"
 )

@@ -30,13 +30,14 @@ bool is_text(const MetafileRecord& record) {
          record.word(kCount) <= kByte && record.word(kOptions) == 0;
 }
 
-/// The characters of a text record, trimmed; empty when they do not fit into it.
+/// The characters of a text record in its code page, one byte each, trimmed; empty when they do not
+/// fit into it.
 std::string words_of(const MetafileRecord& record) {
   const std::size_t start = kCharacters * 2;
   const std::size_t count = record.word(kCount);
   if (record.bytes().size() < start + count) return {};
   const auto bytes = record.bytes().subspan(start, count);
-  return trimmed(from_code_page(std::string(bytes.begin(), bytes.end())));
+  return trimmed(std::string(bytes.begin(), bytes.end()));
 }
 
 std::optional<int> scaled(int size, int position, int extent) {
@@ -57,6 +58,7 @@ class Walk {
     if ((record.word(kOptions) & kTextClipped) != 0) found_.clipped = true;
     std::string words = words_of(record);
     if (words.size() < kShortestReference || is_digit(words.front())) return;
+    words = from_code_page(words);
     const bool again = !seen_.insert(words).second;
     found_.references.push_back(
         {std::move(words), scaled(found_.header.width(), record.number(kX), extent_.x),

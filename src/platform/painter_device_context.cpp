@@ -100,14 +100,31 @@ PainterDeviceContext::PainterDeviceContext(QPainter& painter, Size size)
 void PainterDeviceContext::settle() {
   if (!takeChanged()) return;
   const DrawingState& now = state();
-  painter_.setPen(now.pen ? qt(*now.pen) : QPen(Qt::NoPen));
-  painter_.setBrush(now.brush ? QBrush(qt(*now.brush)) : QBrush(Qt::NoBrush));
-  painter_.setFont(qt(now.font));
-  if (now.clip) {
-    painter_.setClipRect(qt(*now.clip));
-  } else {
-    painter_.setClipping(false);
+  const DrawingState* const before = handed_over_ ? &*handed_over_ : nullptr;
+  if (before == nullptr || before->pen != now.pen) {
+    painter_.setPen(now.pen ? qt(*now.pen) : QPen(Qt::NoPen));
   }
+  if (before == nullptr || before->brush != now.brush) {
+    painter_.setBrush(now.brush ? QBrush(qt(*now.brush)) : QBrush(Qt::NoBrush));
+  }
+  if (before == nullptr || before->font != now.font) painter_.setFont(font());
+  if (before == nullptr || before->clip != now.clip) {
+    if (now.clip) {
+      painter_.setClipRect(qt(*now.clip));
+    } else {
+      painter_.setClipping(false);
+    }
+  }
+  handed_over_ = now;
+}
+
+const QFont& PainterDeviceContext::font() {
+  if (!extents_ || font_made_ != state().font) {
+    font_made_ = state().font;
+    qt_font_ = qt(font_made_);
+    extents_.emplace(qt_font_);
+  }
+  return qt_font_;
 }
 
 void PainterDeviceContext::drawPolyline(std::span<const Point> points) {
@@ -146,9 +163,9 @@ void PainterDeviceContext::drawEllipse(const Box& box) {
 }
 
 Size PainterDeviceContext::textExtent(std::string_view words) {
-  const QFontMetricsF metrics(qt(state().font));
+  font();
   const double scale = beyond_whole(state().font);
-  return {metrics.horizontalAdvance(qt(words)) * scale, metrics.height() * scale};
+  return {extents_->horizontalAdvance(qt(words)) * scale, extents_->height() * scale};
 }
 
 void PainterDeviceContext::drawText(Point at, std::string_view words) {

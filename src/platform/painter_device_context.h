@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
+#include <optional>
 
 #include "core/device_context.h"
 
@@ -25,11 +27,17 @@ class PainterDeviceContext : public DeviceContext {
   void drawEllipse(const Box& box) override;
   void drawText(Point at, std::string_view words) override;
   void drawImage(const Box& box, std::span<const std::uint8_t> file) override;
-  /// Hands pen, brush, font and clip over when they have changed.
+  /// Hands what has changed of pen, brush, font and clip over.
   void settle();
+  /// The font of the state; making one is dear.
+  const QFont& font();
 
   QPainter& painter_;
   Size size_;
+  std::optional<DrawingState> handed_over_;
+  Font font_made_;
+  QFont qt_font_;
+  std::optional<QFontMetricsF> extents_;  ///< Of the same font.
 };
 
 }  // namespace vantrel

@@ -1,5 +1,6 @@
-// Fuzz target of the metafile reader and player. Any bytes either are no placeable metafile or are
-// drawn with numbers that a painter can count, and leave the surface as it was.
+// Fuzz target of the reader and player of pictures. Any bytes either are no placeable metafile or
+// are drawn with numbers that a painter can count, and leave the surface as it was. A bitmap tells
+// a size that can be counted, too.
 
 #include <cmath>
 #include <cstddef>
@@ -8,6 +9,7 @@
 #include <span>
 
 #include "core/recording_device_context.h"
+#include "outputs/bitmap_size.h"
 #include "outputs/metafile_player.h"
 #include "outputs/validate_schematic_texts.h"
 
@@ -39,6 +41,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   surface.text({}, "after");
   require(surface.calls().back().state.textColour == vantrel::Colour{1, 2, 3, 4});
+
+  constexpr double kMost = 4294967295.0;
+  const vantrel::Size size_in_pixels = vantrel::bitmap_size(bytes);
+  require(size_in_pixels.width >= 0 && size_in_pixels.width <= kMost);
+  require(size_in_pixels.height >= 0 && size_in_pixels.height <= kMost);
 
   if (const auto texts = vantrel::read_schematic_texts(bytes)) {
     for (const auto& each : texts->references) {

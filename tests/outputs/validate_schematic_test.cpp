@@ -74,7 +74,7 @@ TEST_F(ValidateTest, SaysInOrderWhyThereIsNothingToCheck) {
   MetafileWriter writer(10, 10, 10);
   home.write("circuit.wmf", as_text(writer.bytes()).substr(22));  // without the placeable key
   expect("Schematic is not in valid .wmf format for comparison");
-  draw({"1R", "R", "  Q  ", ""}, {"VBUS", "Lamp"});
+  draw({"1R", "R", "  Q  ", "", "µ"}, {"VBUS", "Lamp"});
   expect("No reference items in Schematic to check");
 }
 

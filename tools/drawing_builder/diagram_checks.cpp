@@ -1,5 +1,7 @@
 #include "drawing_builder/diagram_checks.h"
 
+#include <array>
+#include <functional>
 #include <optional>
 
 namespace vantrel::drawing {
@@ -7,8 +9,11 @@ namespace vantrel::drawing {
 namespace {
 
 constexpr double kTouch = 0.05;  ///< Edges may touch and rounding may make them overlap.
+constexpr double kClear = 0.35;  ///< Distance of a text from lines and from other texts.
 constexpr double kEdge = 2;      ///< Values may reach out of the drawing by this.
-constexpr std::string_view kUsualValue = "000 KOhm";
+/// Values for which room is sought, the longest first; one that is longer than its room is not
+/// shown.
+constexpr std::array<std::string_view, 3> kUsualValues{"000 KOhm", "00 KOhm", "000 nF"};
 constexpr double kMostRoom = 24;  ///< A value takes no more than this.
 constexpr double kRoomStep = 0.5;
 
@@ -45,22 +50,23 @@ class RoomCheck {
  private:
   void checkText(std::size_t index) {
     const DrawnText& text = texts_[index];
+    const Area room = text.area.grown(kClear);
     const auto fault = [&](const std::string& what) {
       report(problems_, text.part->origin, "text '" + text.text + "' overlaps " + what);
     };
     for (std::size_t i = 0; i < index; ++i) {
-      if (text.area.overlaps(texts_[i].area)) fault("text '" + texts_[i].text + "'");
+      if (room.overlaps(texts_[i].area)) fault("text '" + texts_[i].text + "'");
     }
     const bool inside = text.part->symbol->designator && !text.part->text_side;
     for (std::size_t i = 0; i < bodies_.size(); ++i) {
       if (inside && &diagram_.parts[i] == text.part) continue;
-      if (text.area.overlaps(bodies_[i].grown(-kTouch))) fault("'" + diagram_.parts[i].key + "'");
+      if (room.overlaps(bodies_[i])) fault("'" + diagram_.parts[i].key + "'");
     }
     for (std::size_t i = 0; i < marks_.size(); ++i) {
-      if (text.area.overlaps(marks_[i])) fault(name_of(diagram_.marks[i]));
+      if (room.overlaps(marks_[i])) fault(name_of(diagram_.marks[i]));
     }
     for (const Segment& wire : wires_) {
-      if (crosses(wire, text.area)) {
+      if (crosses(wire, room)) {
         fault("the wire of line " + std::to_string(diagram_.wires[wire.wire].origin.line));
       }
     }
@@ -134,14 +140,28 @@ std::vector<Area> beyond(const Area& inner, const Area& outer) {
   return ends;
 }
 
+/// The first place where the longest of the values is free that has one.
+std::optional<ValuePlace> first_free(const DrawnText& text,
+                                     const std::vector<std::string_view>& values,
+                                     const std::function<bool(const Area&)>& is_free) {
+  for (const std::string_view value : values) {
+    const double length = text_length(value, kValueSize);
+    for (const TextPlace& candidate : value_candidates(text)) {
+      if (is_free(value_area(candidate, length))) return ValuePlace{candidate, length};
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
-bool Obstacles::clear(const Area& area) const {
+bool Obstacles::clear(const Area& area, double distance) const {
+  const Area room = area.grown(distance);
   const auto free_of = [&](const std::vector<Area>& others) {
-    return std::ranges::none_of(others, [&](const Area& other) { return area.overlaps(other); });
+    return std::ranges::none_of(others, [&](const Area& other) { return room.overlaps(other); });
   };
   return free_of(bodies) && free_of(marks) && free_of(texts) &&
-         std::ranges::none_of(wires, [&](const Segment& wire) { return crosses(wire, area); });
+         std::ranges::none_of(wires, [&](const Segment& wire) { return crosses(wire, room); });
 }
 
 Area extent(const Diagram& diagram) {
@@ -198,18 +218,22 @@ std::map<std::string, ValuePlace> value_places(
   std::map<std::string, ValuePlace> places;
   Obstacles taken = obstacles(diagram);
   const Area sheet = extent(diagram).grown(kEdge);
-  const auto is_free = [&](const Area& area) { return sheet.covers(area) && taken.clear(area); };
+  const auto is_free = [&](const Area& area) {
+    return sheet.covers(area) && taken.clear(area, kClear);
+  };
+  const auto is_unused = [&](const Area& area) {
+    return sheet.covers(area) && taken.clear(area, 0);
+  };
   for (const DrawnText& text : part_texts(diagram)) {
     if (text.part->piece) continue;
     const auto known = long_values.find(text.text);
-    const double length =
-        text_length(known == long_values.end() ? kUsualValue : known->second, kValueSize);
-    for (const TextPlace& candidate : value_candidates(text)) {
-      const Area area = value_area(candidate, length);
-      if (!is_free(area)) continue;
-      taken.texts.push_back(area);
-      places[text.text] = {candidate, length};
-      break;
+    const std::vector<std::string_view> usual =
+        known == long_values.end()
+            ? std::vector<std::string_view>(kUsualValues.begin(), kUsualValues.end())
+            : std::vector<std::string_view>{known->second};
+    if (const auto place = first_free(text, usual, is_free)) {
+      taken.texts.push_back(value_area(place->text, place->room));
+      places[text.text] = *place;
     }
   }
   for (auto& [reference, place] : places) {
@@ -217,7 +241,7 @@ std::map<std::string, ValuePlace> value_places(
       const double room = place.room + kRoomStep;
       const std::vector<Area> more =
           beyond(value_area(place.text, place.room), value_area(place.text, room));
-      if (!std::ranges::all_of(more, is_free)) break;
+      if (!std::ranges::all_of(more, is_unused)) break;
       taken.texts.insert(taken.texts.end(), more.begin(), more.end());
       place.room = room;
     }

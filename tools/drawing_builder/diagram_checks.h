@@ -17,8 +17,8 @@ struct Obstacles {
   std::vector<Area> texts;
   std::vector<Segment> wires;
 
-  /// True when nothing of it reaches into `area`.
-  bool clear(const Area& area) const;
+  /// True when nothing of it comes nearer to `area` than `distance`.
+  bool clear(const Area& area, double distance) const;
 };
 
 Obstacles obstacles(const Diagram& diagram);
