@@ -30,7 +30,7 @@ Json op_print(Session& session, const Json& command) {
     return {{"result", false}};
   }
   const auto job = print_job(session, screen);
-  if (!job) throw CommandError("Screen '" + screen + "' is not printed");
+  if (!job) throw CommandError("Screen '" + screen + "' has nothing to print");
   if (const auto why = session.writePages(path, *job, setup)) throw CommandError(*why);
   return {{"result", true}};
 }

@@ -175,7 +175,9 @@ std::optional<PrintJob> print_job(Session& session, std::string_view screen) {
     return printing.tableJob(bill.grid(), bill.caption());
   }
   if (equal_ignoring_case(screen, session.images().name())) {
-    return printing.pictureJob(session.images().picture());
+    const Picture picture = session.images().picture();
+    if (!(picture.size.width > 0)) return std::nullopt;
+    return printing.pictureJob(picture);
   }
   if (equal_ignoring_case(screen, session.graphOperatingPoints().name())) {
     return graph_job(session);

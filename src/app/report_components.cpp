@@ -70,6 +70,7 @@ std::string maker(const Explanation& explanation) {
 struct MagneticRow {
   const char* label;
   const char* field;
+  const char* base = nullptr;  ///< The unit to print in with a prefix that fits; else the field's.
 };
 
 constexpr MagneticRow kInductorRows[] = {{"Inductance", "ind_inductance"},
@@ -85,7 +86,7 @@ constexpr MagneticRow kTransformerRows[] = {{"Input voltage, least", "tfr_inputv
                                             {"Output voltage", "tfr_outputvoltage"},
                                             {"Power", "tfr_totalballastpower"},
                                             {"Run frequency", "tfr_runfrequency"},
-                                            {"Magnetizing current", "tfr_imag"},
+                                            {"Magnetizing current", "tfr_imag", "A"},
                                             {"AL value", "tfr_al"},
                                             {"Primary current", "tfr_primarycurrent"},
                                             {"Primary turns", "tfr_primaryturns"},
@@ -93,6 +94,12 @@ constexpr MagneticRow kTransformerRows[] = {{"Input voltage, least", "tfr_inputv
                                             {"Secondary turns", "tfr_secondaryturns"},
                                             {"Secondary wire diameter", "tfr_secondarydiameter"},
                                             {"Peak flux density", "tfr_peakfluxdensity"}};
+
+std::string magnetic_text(const VTLValue& field, const char* base) {
+  if (base == nullptr) return with_unit(field);
+  SysMsg quiet;
+  return short_value(si_from(to_double(field.value()), field.UnitText(), base, quiet), base);
+}
 
 /// Copper of a winding in mm2.
 double copper_area(Screen& screen, const char* turns, const char* diameter, int index) {
@@ -120,7 +127,7 @@ ReportPairs magnetic_pairs(Screen& screen, const MagneticRow (&rows)[Count], int
   pairs.pairs.push_back({"Core", core});
   for (const MagneticRow& row : rows) {
     const VTLValue& field = screen.field(row.field, index);
-    if (!field.IsItEmpty()) pairs.pairs.push_back({row.label, with_unit(field)});
+    if (!field.IsItEmpty()) pairs.pairs.push_back({row.label, magnetic_text(field, row.base)});
   }
   if (!fill.empty()) pairs.pairs.push_back({"Winding window", fill});
   return pairs;
@@ -187,6 +194,11 @@ ReportSection magnetics_section(Session& session) {
     }
   }
   if (advanced.says_yes("allow_transformer")) add_transformer(section, session);
+  if (session.details().ConfigDetails(kConfigShortCode) == "DLPVMB") {
+    section.add(ReportSubtitle{"Balance transformer"});
+    add_drawing(section, session, ReportDrawing::BalanceTransformer,
+                "Balance transformer: windings");
+  }
   if (section.blocks.empty()) {
     section.add(ReportParagraph{"No magnetic part has been designed.", ReportTone::Note});
   }

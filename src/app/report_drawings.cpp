@@ -39,6 +39,8 @@ bool show(ImageDisplay& display, ReportDrawing drawing) {
       return display.show_pfc();
     case ReportDrawing::Transformer:
       return display.show_transformer();
+    case ReportDrawing::BalanceTransformer:
+      return display.show_balancetransformer();
   }
   return false;
 }
@@ -55,8 +57,10 @@ void add_drawing(ReportSection& section, Session& session, ReportDrawing drawing
   if (!whole) return;
   Picture picture = own->display.picture();
   picture.draw = [own, draw = std::move(picture.draw)](DeviceContext& surface) { draw(surface); };
-  section.add(ReportFigure{picture, caption, caption + ", with the values of this design",
-                           drawing == ReportDrawing::Diagram});
+  // The balance transformer is a ready part, without a value on its drawing.
+  const char* const shows =
+      drawing == ReportDrawing::BalanceTransformer ? "" : ", with the values of this design";
+  section.add(ReportFigure{picture, caption, caption + shows, drawing == ReportDrawing::Diagram});
 }
 
 ReportSection diagram_section(Session& session) {

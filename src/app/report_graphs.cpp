@@ -82,7 +82,8 @@ ReportFigure figure_of(const std::shared_ptr<OwnRun>& run, const Look& look) {
                                     .DPlotIL = look.is_steady(),
                                     .DPlotVR = true,
                                     .DPlotFreq = !look.is_steady(),
-                                    .AutofitScale = true});
+                                    .AutofitScale = true,
+                                    .OnlyUsedAxes = true});
   };
   return {
       .picture = {.title = look.name, .size = kWaveformSize, .draw = draw},

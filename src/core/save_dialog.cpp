@@ -1,5 +1,6 @@
 #include "core/save_dialog.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -26,13 +27,29 @@ class ExportFolder {
   bool made_ = false;
 };
 
+/// A name that any file system takes as that of one file: titles hold slashes and the names that
+/// users give, of any length.
+std::string file_name(std::string_view words) {
+  constexpr std::size_t kMostBytes = 120;
+  constexpr std::string_view kApart = "/\\:*?\"<>|";
+  std::string name(words);
+  for (char& c : name) {
+    if (static_cast<unsigned char>(c) < ' ' || kApart.find(c) != std::string_view::npos) c = '-';
+  }
+  if (name.size() <= kMostBytes) return name;
+  const std::string extension = std::filesystem::path(name).extension().string();
+  std::size_t end = kMostBytes - std::min(extension.size(), kMostBytes);
+  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) --end;
+  return name.substr(0, end) + extension;
+}
+
 }  // namespace
 
 std::string select_savefile(FileDialogs* dialogs, const ProgramFolder& folder,
                             std::string_view title, std::string_view name,
                             std::string_view filter) {
   if (dialogs == nullptr) return "";
-  const auto proposed = folder.writable("\\Export\\" + std::string(name));
+  const auto proposed = folder.writable("\\Export\\" + file_name(name));
   if (!proposed) return dialogs->askSave(title, filter, "").value_or("");
   const ExportFolder exports(proposed->parent_path());
   const std::string path = dialogs->askSave(title, filter, proposed->string()).value_or("");

@@ -10,7 +10,8 @@
 namespace vantrel {
 
 /// The save dialog of every export. It starts with `name` in the folder "\Export\" of the program,
-/// which is made when it is missing and a file is chosen. `filter` is a list of pairs as
+/// which is made when it is missing and a file is chosen; what no file name holds is replaced by
+/// "-" in it. `filter` is a list of pairs as
 /// FileDialogs takes it. The chosen path, empty on Cancel or without dialogs.
 std::string select_savefile(FileDialogs* dialogs, const ProgramFolder& folder,
                             std::string_view title, std::string_view name,

@@ -69,6 +69,18 @@ class WatchedTarget : public PrintTarget {
   const bool& cancelled_;
 };
 
+/// Has jobs go to the preview for as long as it lives, however the command ends.
+class Previewing {
+ public:
+  explicit Previewing(bool& preview) : preview_(preview) { preview_ = true; }
+  ~Previewing() { preview_ = false; }
+  Previewing(const Previewing&) = delete;
+  Previewing& operator=(const Previewing&) = delete;
+
+ private:
+  bool& preview_;
+};
+
 double text_lines(DeviceContext& surface, const std::vector<std::string>& lines, double top,
                   double pitch) {
   for (const std::string& line : lines) {
@@ -195,9 +207,8 @@ void Printing::output(const PrintJob& job) {
 }
 
 void Printing::preview(const std::function<void()>& command) {
-  preview_ = true;
+  const Previewing previewing(preview_);
   command();
-  preview_ = false;
 }
 
 bool Printing::draw(const PrintJob& job, PrintTarget& target) {

@@ -85,8 +85,8 @@ class Printing {
   /// Draws a job while the progress window is on show, which offers Cancel. False when it was
   /// cancelled or has failed; a failure is reported.
   bool run(const PrintJob& job, PrintTarget& target);
-  /// The same without window and report, for a preview.
-  bool draw(const PrintJob& job, PrintTarget& target);
+  /// The same without window and report, for a preview or a file.
+  static bool draw(const PrintJob& job, PrintTarget& target);
 
  private:
   /// Pages of that much room.

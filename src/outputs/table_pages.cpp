@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <numeric>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "core/theme.h"
 #include "outputs/page_breaks.h"
+#include "outputs/text_wrapping.h"
 
 namespace vantrel {
 namespace {
@@ -18,7 +19,8 @@ constexpr double kTextSize = 11;
 constexpr double kLine = 15;
 constexpr double kRowGap = 4;
 constexpr double kColumnGap = 12;
-constexpr double kLeastColumn = 24;
+/// Room beside the widest text, so that a rounding does not break it.
+constexpr double kSlack = 1;
 
 Font font_of(bool bold) { return {.face = kFace, .size = kTextSize, .bold = bold}; }
 
@@ -44,47 +46,19 @@ struct Table {
   double height = 0;
 };
 
-/// Widths that add up to at most `room`: what is above an equal share of the rest is cut down to
-/// it.
-std::vector<double> fitted(std::vector<double> widths, double room) {
-  std::vector<double> sorted = widths;
-  std::sort(sorted.begin(), sorted.end());
-  double most = sorted.empty() ? 0 : sorted.back();
-  double left = room;
-  for (std::size_t i = 0; i < sorted.size(); ++i) {
-    const double share = left / static_cast<double>(sorted.size() - i);
-    if (sorted[i] > share) {
-      most = share;
-      break;
-    }
-    left -= sorted[i];
-  }
-  for (double& width : widths) width = std::min(width, std::max(most, kLeastColumn));
-  return widths;
-}
-
-double text_width(DeviceContext& measure, const std::string& text, bool bold) {
-  measure.setFont(font_of(bold));
-  return measure.textExtent(text).width;
-}
-
 std::vector<Column> columns_of(const TableGrid& grid, DeviceContext& measure, double room) {
-  std::vector<double> widths;
-  for (std::size_t i = 0; i < grid.columns.size(); ++i) {
-    double width = text_width(measure, grid.columns[i].title, true);
-    for (const TableRow& row : grid.rows) {
-      if (i < row.size()) width = std::max(width, text_width(measure, row[i], false));
-    }
-    // A little more than the text, so that a rounding does not break it.
-    widths.push_back(width + 1);
-  }
-  const double gaps = kColumnGap * static_cast<double>(std::max<std::size_t>(widths.size(), 1) - 1);
-  widths = fitted(std::move(widths), room - gaps);
+  const TextMeasure extent = [&measure](const Font& font, std::string_view words) {
+    measure.setFont(font);
+    return measure.textExtent(words);
+  };
+  // The gap behind the last column is none.
+  const std::vector<double> widths = column_widths(grid, font_of(true), font_of(false),
+                                                   kColumnGap + kSlack, room + kColumnGap, extent);
   std::vector<Column> columns;
   double left = 0;
   for (std::size_t i = 0; i < widths.size(); ++i) {
-    columns.push_back({left, widths[i], grid.columns[i].alignment});
-    left += widths[i] + kColumnGap;
+    columns.push_back({left, widths[i] - kColumnGap, grid.columns[i].alignment});
+    left += widths[i];
   }
   return columns;
 }

@@ -151,8 +151,9 @@ std::vector<double> column_widths(const TableGrid& grid, const Font& head, const
     double shortest = least_width(grid.columns[i].title, head, measure);
     double longest = measure(head, grid.columns[i].title).width;
     for (const TableRow& row : grid.rows) {
-      shortest = std::max(shortest, least_width(row.at(i), cell, measure));
-      longest = std::max(longest, measure(cell, row.at(i)).width);
+      if (i >= row.size()) continue;
+      shortest = std::max(shortest, least_width(row[i], cell, measure));
+      longest = std::max(longest, measure(cell, row[i]).width);
     }
     least.push_back(shortest + padding);
     natural.push_back(longest + padding);

@@ -2,7 +2,6 @@
 
 #include <QHashSeed>
 #include <QString>
-#include <algorithm>
 #include <utility>
 
 namespace vantrel {
@@ -15,7 +14,8 @@ void blank_creation_date(QByteArray& pdf) {
   const qsizetype begin = pdf.indexOf("/CreationDate (");
   if (begin < 0) return;
   const qsizetype end = pdf.indexOf(')', begin);
-  if (end > begin) std::fill(pdf.begin() + begin, pdf.begin() + end + 1, ' ');
+  const qsizetype length = end - begin + 1;
+  if (length > 0) pdf.replace(begin, length, QByteArray(length, ' '));
 }
 
 /// The buffer must be open before a writer takes it.

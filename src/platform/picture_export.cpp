@@ -14,6 +14,7 @@
 
 #include "core/file_writer.h"
 #include "core/text_parsing.h"
+#include "outputs/printing.h"
 #include "platform/painter_device_context.h"
 #include "platform/pdf_document.h"
 #include "platform/print_target.h"
@@ -111,12 +112,13 @@ std::optional<std::string> PictureExport::write(const std::filesystem::path& fil
 
 std::optional<std::string> PictureExport::writePages(const std::filesystem::path& file,
                                                      const PrintJob& job, const PaperSetup& setup) {
+  const std::string extension = file.extension().string();
+  if (!equal_ignoring_case(extension, ".pdf")) {
+    return "Pages are written as pdf, not as '" + extension + "'";
+  }
   if (!gui_.ensure()) return kNoGraphics;
   PdfTarget target(file, job.title, page_layout(setup, job.landscape));
-  for (const PrintPage& page : job.pages(target.measure(), target.sheet())) {
-    if (!target.print(page)) return "The pages could not be drawn";
-  }
-  if (target.end()) return std::nullopt;
+  if (Printing::draw(job, target)) return std::nullopt;
   return target.reason();
 }
 

@@ -59,10 +59,7 @@ PdfTarget::PdfTarget(std::filesystem::path file, const std::string& title,
     : file_(std::move(file)), document_(title, layout), pages_(document_.writer()) {}
 
 bool PdfTarget::end() {
-  if (!pages_.end()) {
-    reason_ = "The pages could not be drawn";
-    return false;
-  }
+  if (!pages_.end()) return false;
   const QByteArray bytes = document_.take();
   const auto failure = write_file(
       file_, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));

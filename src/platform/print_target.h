@@ -49,14 +49,14 @@ class PdfTarget : public PrintTarget {
   bool print(const PrintPage& page) override { return pages_.print(page); }
   bool end() override;
   void abort() override { pages_.abort(); }
-  /// Why `end` has failed.
+  /// Why the file was not written, once a page or the end has failed.
   const std::string& reason() const { return reason_; }
 
  private:
   std::filesystem::path file_;
   PdfDocument document_;
   PagedTarget pages_;
-  std::string reason_;
+  std::string reason_ = "The pages could not be drawn";
 };
 
 }  // namespace vantrel

@@ -85,7 +85,7 @@ PrintPreview::PrintPreview(Session& session, const PrintJob& job, QWidget* owner
   view_->setAccessibleName("Pages");
   connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
     PagedTarget paper(*printer);
-    session_.printing().draw(job_, paper);
+    Printing::draw(job_, paper);
   });
   connect(view_, &QPrintPreviewWidget::previewChanged, this, &PrintPreview::tellPage);
   useSetup();
@@ -114,7 +114,7 @@ void PrintPreview::savePdf() {
       session_.printing().select_savefile(kPdfTitle, job_.title + ".pdf", kPdfFilter);
   if (path.empty()) return;
   PdfTarget file(path, job_.title, printer_.pageLayout());
-  if (session_.printing().draw(job_, file)) return;
+  if (Printing::draw(job_, file)) return;
   session_.messages().msg(
       "Printing", "Could not export file '" + name_without_path(path) + "' (" + file.reason() + ")",
       kMessageOk, kSeverityWarning);

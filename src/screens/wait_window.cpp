@@ -1,5 +1,6 @@
 #include "screens/wait_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -98,6 +99,9 @@ void WaitWindow::refresh() {
     fill_->start(kFillInterval);
   }
   if (!wait_.visible()) fill_->stop();
+  // A dialog that is open, as the print preview, would keep the clicks from Cancel.
+  const bool is_covered = wait_.visible() && QApplication::activeModalWidget() != nullptr;
+  setWindowModality(is_covered ? Qt::ApplicationModal : Qt::NonModal);
   setVisible(wait_.visible());
   adjustSize();
 }

@@ -72,7 +72,9 @@ bool TimeDomainView::RenderTimeDomain(DeviceContext& surface, const TimeDomainRe
   }
   const StageName name = [this](std::int32_t stage) { return stageLabel(stage); };
   const TraceSet shown = request.traces();
-  TimeDomainDrawing(surface, theme, size_, columns_, scales_, shown, name,
+  TimeDomainScales scales = scales_;
+  if (!request.needsAmperes()) scales.amperes = {0, 0};
+  TimeDomainDrawing(surface, theme, size_, columns_, scales, shown, name,
                     request.Printing ? LineFinish::Fine : finish)
       .draw();
   return ready;

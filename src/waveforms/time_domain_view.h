@@ -28,7 +28,9 @@ struct TimeDomainRequest {
   bool DPlotIC = false;
   bool DPlotFreq = false;
   bool AutofitScale = false;
+  bool OnlyUsedAxes = false;  ///< No axis of amperes while no current is on show.
 
+  bool needsAmperes() const { return !OnlyUsedAxes || DPlotIL || DPlotIR || DPlotIC; }
   TraceSet traces() const { return {{DPlotVIN, DPlotIL, DPlotVR, DPlotIR, DPlotIC, DPlotFreq}}; }
 };
 

@@ -18,6 +18,17 @@ constexpr double kLeastLabelGap = 10;
 constexpr std::int32_t kMostTimeLabels = 8;
 constexpr double kMicrosPerSecond = 1000000;
 
+/// Nothing for an axis that is left out.
+std::vector<double> tick_values(const AxisScale& scale, double interval) {
+  std::vector<double> values;
+  if (!(scale.max > scale.min)) return values;
+  const double last = std::floor(scale.max / interval);
+  for (double tick = std::ceil(scale.min / interval); tick <= last; ++tick) {
+    values.push_back(tick * interval);
+  }
+  return values;
+}
+
 }  // namespace
 
 double tick_interval(const AxisScale& scale, double height, double start, double limit) {
@@ -28,22 +39,29 @@ double tick_interval(const AxisScale& scale, double height, double start, double
   return spacing;
 }
 
+double TimeDomainDrawing::tickRow(double value, const AxisScale& scale) const {
+  return std::min(std::clamp(y(value, scale), 0.0, plot_.height), plot_.height - 1);
+}
+
+void TimeDomainDrawing::drawGrid(const AxisScale& scale, double interval, bool volts) {
+  surface_.setNoPen();
+  surface_.setBrush(colour(volts ? Role::AxisVoltsBack : Role::AxisAmperesBack));
+  for (const double value : tick_values(scale, interval)) {
+    level(tickRow(value, scale), plot_.left, plot_.right());
+  }
+}
+
 void TimeDomainDrawing::drawValueAxis(const AxisScale& scale, double interval, bool volts) {
-  const double from = std::ceil(scale.min / interval);
-  const double to = std::floor(scale.max / interval);
-  for (double tick = from; tick <= to; ++tick) drawValueTick(tick * interval, scale, volts);
+  for (const double value : tick_values(scale, interval)) drawValueTick(value, scale, volts);
 }
 
 void TimeDomainDrawing::drawValueTick(double value, const AxisScale& scale, bool volts) {
   const double height = std::clamp(y(value, scale), 0.0, plot_.height);
-  const double row = std::min(height, plot_.height - 1);
-  surface_.setNoPen();
-  surface_.setBrush(colour(volts ? Role::AxisVoltsBack : Role::AxisAmperesBack));
-  level(row, plot_.left, plot_.right());
-
+  const double row = tickRow(value, scale);
   const double edge = volts ? plot_.left : plot_.right();
   const double out = volts ? -1 : 1;
   const Colour ink = colour(volts ? Role::AxisVolts : Role::AxisAmperes);
+  surface_.setNoPen();
   surface_.setBrush(ink);
   level(row, std::min(edge, edge + out * kTick), std::max(edge, edge + out * kTick));
   const std::string text =

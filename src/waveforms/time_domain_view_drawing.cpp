@@ -18,6 +18,7 @@ constexpr std::uint8_t kPlateAlpha = 215;
 constexpr double kBoundWidth = 1.5;
 constexpr std::uint8_t kBandAlpha = 115;  // 45 %
 constexpr double kLegendGap = 2;
+constexpr double kPrintedLegendGap = 6;  // to the axis, black like the words
 /// A line that is so many times longer than the plot is wide is too dense for wide pens: they would
 /// only run together.
 constexpr double kDense = 6;
@@ -60,14 +61,18 @@ void TimeDomainDrawing::draw() {
   surface_.setFont({});
   drawPaper();
   if (columns_.first < columns_.count() && plot_.height > 0) {
+    const double volts = tick_interval(scales_.volts, plot_.height, 100.0, 1200.0);
+    const double amperes = tick_interval(scales_.amperes, plot_.height, 0.2, 1.0);
     drawStages();
-    drawValueAxis(scales_.volts, tick_interval(scales_.volts, plot_.height, 100.0, 1200.0), true);
-    drawValueAxis(scales_.amperes, tick_interval(scales_.amperes, plot_.height, 0.2, 1.0), false);
-    drawTimeAxis();
-    drawFrame();
+    drawGrid(scales_.volts, volts, true);
+    drawGrid(scales_.amperes, amperes, false);
     drawStageLabels();
     drawTraces();
     drawLegends();
+    drawValueAxis(scales_.volts, volts, true);
+    drawValueAxis(scales_.amperes, amperes, false);
+    drawTimeAxis();
+    drawFrame();
   }
   surface_.restore();
 }
@@ -269,10 +274,11 @@ void TimeDomainDrawing::addLegend(std::vector<Legend>& list, Trace trace, std::i
   const Size size = surface_.textExtent(text);
   const double width = size.width + 2 * kPlatePadding;
   const double top = y(row.upper(point), scales_.of(row.axis)) - size.height - kLegendGap;
+  const double right = plot_.right() - (isPrint() ? kPrintedLegendGap : 0);
   list.push_back(
       {&row,
        std::move(text),
-       {std::min(x(column), plot_.right() - width),
+       {std::min(x(column), right - width),
         std::clamp(top, 0.0, std::max(0.0, plot_.height - size.height)), width, size.height}});
 }
 

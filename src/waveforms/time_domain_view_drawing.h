@@ -72,8 +72,10 @@ class TimeDomainDrawing {
   void drawPaper();
   void drawStages();
   void drawStageLabels();
+  void drawGrid(const AxisScale& scale, double interval, bool volts);
   void drawValueAxis(const AxisScale& scale, double interval, bool volts);
   void drawValueTick(double value, const AxisScale& scale, bool volts);
+  double tickRow(double value, const AxisScale& scale) const;
   void drawTimeAxis();
   void drawFrame();
   void drawTraces();

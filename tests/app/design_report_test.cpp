@@ -78,8 +78,10 @@ TEST(DesignReportTest, HasEveryComponentAndEverySection) {
       {"",
        {"TV6103", "90 to 265VAC/500VDC", "T5 28W", "Single lamp/current-mode heating", "2026-01-31",
         "250 of 340 Vpk", "Gain Graph", "ignites", "Rule 1 for RCS", "EFD25", "SHA-256"}},
-      {"--ic TV6108 --lamp 'Halogen 12V 50W'", {"Halogen 12V 50W", "no gain graph", "EF12.6"}},
-      {"--ic TV6104 --config 6", {"balance transformer", "LRES", "LPFC", "Ignition"}},
+      {"--ic TV6108 --lamp 'Halogen 12V 50W'",
+       {"Halogen 12V 50W", "no gain graph", "EF12.6", "40 mA"}},
+      {"--ic TV6104 --config 6",
+       {"balance transformer", "LRES", "LPFC", "Ignition", "Balance transformer: windings"}},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.selection);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/fault.h"
 #include "core/recording_device_context.h"
 #include "outputs/outputs_fixture.h"
 #include "support/fixtures.h"
@@ -150,7 +151,7 @@ TEST_F(PrintingTest, NoLineOfATableIsCutOrLost) {
     }
     RecordedPaper paper({400.0 + random(600), 300.0 + random(700)});
     const PrintJob job = printing.tableJob(grid, "");
-    ASSERT_TRUE(printing.draw(job, paper));
+    ASSERT_TRUE(Printing::draw(job, paper));
     expectReadable(paper);
     std::string expected = all;
     for (std::size_t page = 1; page <= paper.pages.size(); ++page) {
@@ -231,6 +232,7 @@ TEST_F(PrintingTest, AnEmptyTableIsRefused) {
   EXPECT_EQ(fields.messages.shown()[0].title, "Empty Table");
   EXPECT_TRUE(jobs.empty());
   printing.preview([&] { printing.print_table({table_columns("<Qty"), {{"1"}}}, "Bill"); });
+  EXPECT_THROW(printing.preview([] { throw Fault("jam"); }), Fault);
   printing.print_table({table_columns("<Qty"), {{"1"}}}, "Bill");
   ASSERT_EQ(jobs.size(), 2U);
   EXPECT_TRUE(jobs[0].second);

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include "core/save_dialog.h"
 #include "outputs/outputs_fixture.h"
 
 namespace vantrel {
@@ -73,6 +74,18 @@ TEST_F(TableExportTest, WritesInTheFormOfTheExtension) {
   }
   EXPECT_EQ(dialog.asked, (Texts{"Export Table", "CSV files (*.csv)|*.csv|Text files (*.txt)|*.txt",
                                  path("Export/list.csv")}));
+}
+
+TEST_F(TableExportTest, AProposedNameIsThatOfOneFile) {
+  const std::string lamp = std::string(110, 'x') + "\u03a9\u03a9\u03a9\u03a9";
+  for (const auto& [name, proposed] : std::vector<std::pair<std::string, std::string>>{
+           {"Voltage-mode, 90 to 265VAC/500VDC.pdf", "Voltage-mode, 90 to 265VAC-500VDC.pdf"},
+           {"..\\a:b\n<c>.pdf", "..-a-b--c-.pdf"},
+           {lamp + lamp + ".pdf", std::string(110, 'x') + "\u03a9\u03a9\u03a9.pdf"}}) {
+    EXPECT_EQ(select_savefile(&dialog, folder, "Title", name), "");
+    EXPECT_EQ(dialog.asked.back(), path(("Export/" + proposed).c_str()));
+    EXPECT_TRUE(std::filesystem::is_empty(home.path()));
+  }
 }
 
 TEST_F(TableExportTest, NoNameEndsItWithoutAWord) {

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 
+#include "core/fault.h"
 #include "core/number_text.h"
 #include "operating/operating_fixture.h"
 #include "support/fixtures.h"
@@ -148,6 +149,13 @@ TEST_F(PictureExportTest, FailuresGiveTheReason) {
   Picture huge = picture;
   huge.scale = 1e6;
   EXPECT_EQ(pictures.write(path("graph.png"), huge), "The picture could not be drawn");
+
+  const PrintJob torn{"Job", false,
+                      [](DeviceContext&, Size) -> std::vector<PrintPage> { throw Fault("jam"); }};
+  EXPECT_EQ(pictures.writePages(path("pages.pdf"), torn, {}), "The pages could not be drawn");
+  EXPECT_EQ(pictures.writePages(path("pages.bmp"), torn, {}),
+            "Pages are written as pdf, not as '.bmp'");
+  EXPECT_FALSE(std::filesystem::exists(path("pages.pdf")));
 }
 
 }  // namespace

@@ -112,6 +112,7 @@ class Monkey {
 
 TEST(MonkeyTest, RandomEventsLeaveNoCrashAndNoStuckDialog) {
   DesktopBench bench;
+  bench.leaveDialogsAlone();
   Desktop& desktop = bench.start();
   Monkey monkey(events_wanted());
   monkey.step();

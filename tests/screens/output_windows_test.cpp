@@ -1,14 +1,17 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
 #include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
+#include <QWindow>
 #include <fstream>
 #include <iterator>
+#include <memory>
 
 #include "app/print_jobs.h"
 #include "screens/bill_table.h"
@@ -187,6 +190,28 @@ TEST_F(OutputWindowsTest, MissingInputsLeaveOnlyTheWayToCalculate) {
   bench_.pump();
   EXPECT_FALSE(button->isVisible());
   EXPECT_TRUE(session().operatingPointsGraph().inputsAvailable());
+}
+
+TEST_F(OutputWindowsTest, WorkThatAModalDialogHasStartedCanBeCancelled) {
+  QDialog preview;
+  preview.setModal(true);
+  preview.show();
+  const auto cancelled = std::make_shared<bool>(false);
+  session().pleaseWait().cancelled.connect([cancelled] { *cancelled = true; });
+  session().pleaseWait().Start("Printing", -1);
+  bench_.pump();
+  QWidget* wait = nullptr;
+  for (QWidget* each : QApplication::topLevelWidgets()) {
+    if (each->objectName() == "PleaseWait") wait = each;
+  }
+  ASSERT_NE(wait, nullptr);
+  const auto* cancel = wait->findChild<QPushButton*>("Cancel");
+  // Through the window system, which drops clicks on what a dialog covers.
+  QTest::mouseClick(wait->windowHandle(), Qt::LeftButton, {},
+                    cancel->mapTo(wait, cancel->rect().center()));
+  bench_.pump();
+  EXPECT_TRUE(*cancelled);
+  session().pleaseWait().Finish();
 }
 
 TEST_F(OutputWindowsTest, ThePreviewSavesWhatItShowsAndFollowsThePageSetup) {

@@ -5,6 +5,8 @@
 #include <random>
 
 #include "time_domain_fixture.h"
+#include "waveforms/time_domain_view.h"
+#include "waveforms/time_domain_view_lines.h"
 #include "waveforms/time_domain_view_traces.h"
 
 namespace vantrel::test {
@@ -130,8 +132,12 @@ TEST_F(TimeDomainViewPoints, FollowTheRulesAtTheEdges) {
   EXPECT_EQ(plot_columns(graph, 3000, 5, 1000).count(), 100);
   EXPECT_EQ(plot_columns(graph, 3000, 5, 1000).at(1).X, 110);
   // From 20 steps a column on.
-  EXPECT_FALSE(plot_columns(graph, 3000.01, 950, 1000).envelope);
-  EXPECT_TRUE(plot_columns(graph, 3000.01, 1050, 1000).envelope);
+  for (const double window : {950.0, 980.0, 1030.0, 1050.0}) {
+    const PlotColumns columns = plot_columns(graph, 3000.01, window, 1000);
+    const std::int32_t apart = columns.at(1).SampleNo - columns.at(0).SampleNo;
+    EXPECT_EQ(apart, window < 1000 ? 19 : window == 1030 ? 20 : 21);
+    EXPECT_EQ(columns.envelope, apart >= 20);
+  }
   // The columns at the end of the run fall to zero in the envelope.
   const double end = timeOf(static_cast<std::int32_t>(samples.size()) - 1) -
                      graph.GetDurationBetweenRepeatEndAndIgnition();
@@ -140,6 +146,53 @@ TEST_F(TimeDomainViewPoints, FollowTheRulesAtTheEdges) {
   EXPECT_GT(tail.at(900).VRMax, 100);
   EXPECT_TRUE(plot_columns(graph, 0, 0, 1000).points.empty());
   EXPECT_TRUE(plot_columns(graph, 0, 1000, 0).points.empty());
+}
+
+TEST(TimeDomainAutofit, LeavesTheColumnsAtBothEndsOut) {
+  PlotColumns columns;
+  for (const double volts : {900.0, 30.0, -70.0, 50.0, -800.0}) {
+    PlotPoint point;
+    point.VRMin = volts - 1;
+    point.VRMax = point.VINMax = volts;
+    point.ILMax = -volts / 100;
+    columns.points.push_back(point);
+  }
+  const auto of = [&columns](Trace trace) {
+    TraceSet shown;
+    shown[trace] = true;
+    return fitted_maxima(columns, shown);
+  };
+  EXPECT_EQ(of(Trace::VR).volts, 71);
+  EXPECT_EQ(of(Trace::VIN).volts, 70);
+  EXPECT_EQ(of(Trace::IL).amperes, 0.7);
+  EXPECT_FALSE(of(Trace::IL).volts);
+  EXPECT_FALSE(of(Trace::Freq).volts || of(Trace::Freq).amperes);
+  columns.first = 3;
+  EXPECT_EQ(of(Trace::VR).volts, 50);
+}
+
+TEST_F(TimeDomainViewPoints, RaiseTheMaximaOfTheShownTraces) {
+  TimeDomainView view{graph, messages};
+  TimeDomainRequest request{.DPlotVR = true, .AutofitScale = true};
+  std::vector<double> volts;
+  std::vector<double> amperes;
+  view.NewMaxV = [&](double max) { volts.push_back(max); };
+  view.NewMaxA = [&](double max) { amperes.push_back(max); };
+  for (const double window : {13000.0, 300.0}) {
+    request.TimeWindow = window;
+    volts.clear();
+    ASSERT_TRUE(view.compute({1200, 740}, request));
+    EXPECT_EQ(view.PlotPoints().envelope, window == 13000);
+    EXPECT_EQ(volts,
+              std::vector<double>{*fitted_maxima(view.PlotPoints(), request.traces()).volts});
+  }
+  EXPECT_TRUE(amperes.empty());  // no current is shown
+  request.DPlotIC = true;
+  view.compute({1200, 740}, request);
+  EXPECT_EQ(amperes.size(), 1U);
+  request.AutofitScale = false;
+  view.compute({1200, 740}, request);
+  EXPECT_EQ(amperes.size(), 1U);
 }
 
 TEST_F(TimeDomainViewPoints, TellTrueTimesFromThoseOnTheAxis) {
@@ -154,6 +207,18 @@ TEST_F(TimeDomainViewPoints, TellTrueTimesFromThoseOnTheAxis) {
   graph.shortTimeline(false);
   EXPECT_EQ(axis_time(graph, 1005000.0), 1005000.0);
   EXPECT_EQ(true_time(graph, 1005000.0), 1005000.0);
+}
+
+TEST(TimeDomainLines, AreCutAtTheHeights) {
+  const std::vector<Point> line{{0, 50}, {1, -50}, {2, -50}, {3, 150}, {4, 20}};
+  const auto parts = within_heights(line, 0, 100);
+  ASSERT_EQ(parts.size(), 3U);
+  EXPECT_EQ(parts[0], (std::vector<Point>{{0, 50}, {0.5, 0}}));
+  EXPECT_EQ(parts[1], (std::vector<Point>{{2.25, 0}, {2.75, 100}}));
+  EXPECT_EQ(parts[2][1], (Point{4, 20}));
+  EXPECT_EQ(parts[2][0].y, 100);
+  EXPECT_EQ(without_idle_points(std::vector<Point>{{0, 1}, {1, 1}, {2, 1}, {3, 2}}),
+            (std::vector<Point>{{0, 1}, {2, 1}, {3, 2}}));
 }
 
 }  // namespace

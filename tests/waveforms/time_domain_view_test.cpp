@@ -1,12 +1,12 @@
 #include "waveforms/time_domain_view.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/number_text.h"
 #include "core/recording_device_context.h"
 #include "time_domain_fixture.h"
-#include "waveforms/time_domain_view_lines.h"
 
 namespace vantrel::test {
 namespace {
@@ -27,9 +27,19 @@ class TimeDomainPicture : public TimeDomainFixture {
     drawn = view.RenderTimeDomain(surface, request);
     return surface;
   }
+  void show(auto is_shown) {
+    request.DPlotVIN = is_shown(Trace::VIN);
+    request.DPlotIL = is_shown(Trace::IL);
+    request.DPlotVR = is_shown(Trace::VR);
+    request.DPlotIR = is_shown(Trace::IR);
+    request.DPlotIC = is_shown(Trace::IC);
+    request.DPlotFreq = is_shown(Trace::Freq);
+  }
   void showAll() {
-    request.DPlotVIN = request.DPlotIL = request.DPlotVR = request.DPlotIR = request.DPlotIC =
-        request.DPlotFreq = true;
+    show([](Trace) { return true; });
+  }
+  void showOnly(Trace trace) {
+    show([trace](Trace each) { return each == trace; });
   }
   static std::vector<DrawingCall> filled(const RecordingDeviceContext& surface, Colour colour) {
     std::vector<DrawingCall> found = surface.calls(Kind::Rectangle);
@@ -173,12 +183,7 @@ TEST_F(TimeDomainPicture, DrawsTheTracesInOrder) {
     EXPECT_EQ(lines, order);
     EXPECT_EQ(surface.calls(Kind::Polygon).size(), window == 13000 ? 5U : 0U);
     for (std::size_t trace = 0; trace < kTraceCount; ++trace) {
-      request.DPlotVIN = trace == 0;
-      request.DPlotIL = trace == 1;
-      request.DPlotVR = trace == 2;
-      request.DPlotIR = trace == 3;
-      request.DPlotIC = trace == 4;
-      request.DPlotFreq = trace == 5;
+      showOnly(traces()[trace].trace);
       const RecordingDeviceContext one = draw();
       for (const DrawingCall& call : one.calls(Kind::Polyline)) {
         const Colour colour = call.state.pen->colour;
@@ -188,6 +193,30 @@ TEST_F(TimeDomainPicture, DrawsTheTracesInOrder) {
     }
     showAll();
   }
+}
+
+TEST_F(TimeDomainPicture, GoesStepByStep) {
+  showAll();
+  const RecordingDeviceContext surface = draw();
+  const auto step_of = [](const DrawingCall& call) {
+    const std::string& text = call.text;
+    if (call.kind == Kind::Rectangle && call.state.brush) {
+      const Colour& fill = *call.state.brush;
+      const int sum = fill.red + fill.green + fill.blue;
+      return sum == 8 ? 1 : sum == 96 ? 2 : 0;  // tint, grid
+    }
+    if (call.kind == Kind::Polyline) return call.state.pen->colour.red == 255 ? 0 : 4;
+    if (call.kind != Kind::Text) return 0;
+    if (find_trace(text.substr(0, text.find(' ')))) return 5;
+    if (text.starts_with("Stage: ")) return 3;
+    return text.ends_with(" V") ? 6 : text.ends_with(" A") ? 7 : 8;
+  };
+  std::vector<int> steps;
+  for (const DrawingCall& call : surface.calls()) {
+    const int step = step_of(call);
+    if (step > 0 && (steps.empty() || steps.back() != step)) steps.push_back(step);
+  }
+  EXPECT_EQ(steps, (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
 TEST_F(TimeDomainPicture, PutsValuesWhereTheScaleHasThem) {
@@ -272,41 +301,34 @@ TEST_F(TimeDomainPicture, LegendsNeedEnoughColumns) {
     }
     EXPECT_EQ(found, labels) << width;
   }
-  const RecordingDeviceContext surface = draw();
-  const PlotColumns& columns = view.PlotPoints();
-  const std::string text =
-      "Freq " + format_mask(columns.at(columns.count() - 120).FrequencyKHz, "0.00") + " KHz";
-  ASSERT_NE(surface.findText(text), nullptr);
-  EXPECT_EQ(surface.findText("IC")->state.textColour, (Colour{0, 255, 255}));
-  EXPECT_EQ(surface.findText("VR")->state.textColour, (Colour{0, 0, 255}));
 }
 
-TEST_F(TimeDomainPicture, AutofitTakesTheLargestOfTheShownTraces) {
-  std::vector<double> volts;
-  std::vector<double> amperes;
-  view.NewMaxV = [&](double max) {
-    volts.push_back(max);
-    view.SetVScale(-max, max);
-  };
-  view.NewMaxA = [&](double max) { amperes.push_back(max); };
-  request.AutofitScale = true;
-  request.DPlotVR = true;
-  for (const double window : {13000.0, 300.0}) {
-    request.TimeWindow = window;
-    volts.clear();
-    draw();
-    double largest = 0;
+TEST_F(TimeDomainPicture, LegendsStandAtTheirColumns) {
+  request.TimeOffset = 4000;
+  request.TimeWindow = 100;
+  const std::array<std::int32_t, kTraceCount> from_end{60, 1, 40, 80, 80, 120};
+  const std::array<Colour, kTraceCount> inks{
+      {{0, 190, 0}, {220, 0, 0}, {0, 0, 255}, {255, 255, 0}, {0, 255, 255}, {0, 190, 0}}};
+  for (const TraceRow& row : traces()) {
+    showOnly(row.trace);
+    const RecordingDeviceContext surface = draw();
+    const auto texts = surface.calls(Kind::Text);
+    const auto found = std::find_if(texts.begin(), texts.end(), [&](const DrawingCall& call) {
+      return call.text.starts_with(row.label);
+    });
+    ASSERT_NE(found, texts.end());
     const PlotColumns& columns = view.PlotPoints();
-    for (std::int32_t c = std::max(1, columns.first); c <= columns.count() - 2; ++c) {
-      largest = std::max({largest, std::fabs(columns.at(c).VRMin), std::fabs(columns.at(c).VRMax)});
-    }
-    EXPECT_EQ(volts, std::vector<double>{largest});
-    EXPECT_EQ(view.scales().volts, (AxisScale{-largest, largest}));
+    const auto number = static_cast<std::size_t>(row.trace);
+    const PlotPoint& point = columns.at(columns.count() - from_end[number]);
+    const std::string value = " " + format_mask(point.FrequencyKHz, "0.00") + " KHz";
+    EXPECT_EQ(found->text, std::string(row.label) + (row.trace == Trace::Freq ? value : ""));
+    EXPECT_EQ(found->state.textColour, inks[number]) << row.label;
+    const Box box = text_box(*found);
+    EXPECT_EQ(box.left, std::min<double>(point.X, 1100 - 4 - box.width) + 2) << row.label;
+    const AxisScale& scale = view.scales().of(row.axis);
+    const double y = 708 - (row.upper(point) - scale.min) * 708 / (scale.max - scale.min);
+    EXPECT_NEAR(box.bottom(), y - 2, 1e-9) << row.label;
   }
-  EXPECT_TRUE(amperes.empty());  // no current is shown
-  request.DPlotIC = true;
-  draw();
-  EXPECT_EQ(amperes.size(), 1U);
 }
 
 TEST_F(TimeDomainPicture, PaperIsBlackOnWhite) {
@@ -353,18 +375,6 @@ TEST_F(TimeDomainPicture, SaysWhenThereIsNothingToShow) {
     EXPECT_EQ(text.state.textAlign, (TextAlign{HorizontalAlign::Centre, VerticalAlign::Middle}));
     EXPECT_TRUE(view.PlotPoints().points.empty());
   }
-}
-
-TEST(TimeDomainLines, AreCutAtTheHeights) {
-  const std::vector<Point> line{{0, 50}, {1, -50}, {2, -50}, {3, 150}, {4, 20}};
-  const auto parts = within_heights(line, 0, 100);
-  ASSERT_EQ(parts.size(), 3U);
-  EXPECT_EQ(parts[0], (std::vector<Point>{{0, 50}, {0.5, 0}}));
-  EXPECT_EQ(parts[1], (std::vector<Point>{{2.25, 0}, {2.75, 100}}));
-  EXPECT_EQ(parts[2][1], (Point{4, 20}));
-  EXPECT_EQ(parts[2][0].y, 100);
-  EXPECT_EQ(without_idle_points(std::vector<Point>{{0, 1}, {1, 1}, {2, 1}, {3, 2}}),
-            (std::vector<Point>{{0, 1}, {2, 1}, {3, 2}}));
 }
 
 }  // namespace
