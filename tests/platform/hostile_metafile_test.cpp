@@ -34,7 +34,8 @@ Bytes flood(const Words& records) {
   head.brush({255, 0, 0, 255});
   head.pen({}, 40, MetafileLine::Dot);
   Bytes file = head.bytes();
-  file.resize(file.size() - 6);  // without the record that ends it
+  constexpr std::ptrdiff_t kLastRecord = 6;  // which would end the picture
+  file.erase(file.end() - kLastRecord, file.end());
   Bytes block;
   for (const std::uint16_t word : records) {
     block.push_back(static_cast<std::uint8_t>(word & 0xFFU));

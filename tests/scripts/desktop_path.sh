@@ -85,7 +85,12 @@ sleep 0.3
 xdotool key e
 window 'Export Table'
 xdotool key Return
-window '^Vantrel$' # the file is written
+# The message that the file is written has the main window's title.
+for _ in $(seq 100); do
+  [ "$(xdotool search --onlyvisible --name '^Vantrel$' | wc -l)" -gt 1 ] && break
+  sleep 0.1
+done
+window '^Vantrel$'
 xdotool key Return
 span=$(awk -F, 'NR == 2 { from = $1 } { to = $1 } END { print int(to - from) }' \
   "$work/Export/Time Domain Window.csv")
