@@ -161,14 +161,7 @@ TEST(DesignReportTest, EscapesTheUsersNames) {
   ReportBench bench;
   Session& session = bench.start();
   const std::string name = "<b>&\"";
-  ASSERT_TRUE(session.userData().InitialiseLamp());
-  SQLTableEdit& edit = session.userData().SQLTableEdit1;
-  ASSERT_TRUE(edit.CommandNew());
-  const char* const values[] = {"28",  "236", "300", "700", "0.34", "1",      "100", "28",
-                                "236", "10",  "2.8", "260", "165",  "Linear", "Yes"};
-  edit.TypeField(0, name);
-  for (std::size_t i = 0; i < std::size(values); ++i) edit.TypeField(i + 2, values[i]);
-  ASSERT_TRUE(edit.CommandSave());
+  enter_lamp(session, name);
   Automation automation(session);
   const auto reply = [&](const Json& command) { return automation.run(command); };
   ASSERT_TRUE(reply({{"op", "select"}, {"slot", "LAMP"}, {"name", name}}).value("ok", false));

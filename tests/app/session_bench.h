@@ -66,4 +66,17 @@ class SessionBench {
   std::unique_ptr<Session> session;
 };
 
+/// Enters a lamp with the values of a 28 W fluorescent lamp.
+inline void enter_lamp(Session& session, const std::string& name) {
+  EditUserData& form = session.userData();
+  ASSERT_TRUE(form.InitialiseLamp());
+  SQLTableEdit& edit = form.SQLTableEdit1;
+  ASSERT_TRUE(edit.CommandNew());
+  const char* const values[] = {"28",  "236", "300", "700", "0.34", "1",      "100", "28",
+                                "236", "10",  "2.8", "260", "165",  "Linear", "Yes"};
+  edit.TypeField(0, name);
+  for (std::size_t i = 0; i < std::size(values); ++i) edit.TypeField(i + 2, values[i]);
+  ASSERT_TRUE(edit.CommandSave());
+}
+
 }  // namespace vantrel
